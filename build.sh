@@ -1,0 +1,57 @@
+#!/usr/bin/env bash
+# ./build.sh demo   build release and run mayasim-batch on the bundled demo scene
+# ./build.sh test   build with AddressSanitizer + UBSan and run every test
+# ./build.sh bench  build release and run the benchmarks
+set -euo pipefail
+cd "$(dirname "$0")"
+
+packages=(cmake g++ ninja-build pkg-config qtbase5-dev libgtest-dev libgmock-dev libbenchmark-dev)
+
+install_missing() {
+    local missing=()
+    for package in "${packages[@]}"; do
+        dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q "install ok installed" || missing+=("$package")
+    done
+    [ ${#missing[@]} -eq 0 ] && return 0
+    if [ "$(id -u)" -eq 0 ]; then
+        apt-get update -qq
+        DEBIAN_FRONTEND=noninteractive apt-get install -y -qq "${missing[@]}"
+    else
+        echo "Missing packages. Run:" >&2
+        echo "  sudo apt-get install -y ${missing[*]}" >&2
+        exit 1
+    fi
+}
+
+configure_and_build() { # build-dir, cmake options...
+    local dir=$1
+    shift
+    cmake -S . -B "$dir" -G Ninja "$@" >/dev/null
+    cmake --build "$dir" -j "${JOBS:-2}"
+}
+
+case "${1:-}" in
+demo)
+    install_missing
+    configure_and_build build/release -DCMAKE_BUILD_TYPE=Release -DORVANE_BUILD_TESTS=OFF
+    exec build/release/mayasim/mayasim-batch -script demo/demo.mel
+    ;;
+test)
+    install_missing
+    configure_and_build build/sanitize -DCMAKE_BUILD_TYPE=Debug -DORVANE_SANITIZE=ON
+    cd build/sanitize
+    ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1 \
+        ctest --output-on-failure -j "${JOBS:-2}"
+    ;;
+bench)
+    install_missing
+    configure_and_build build/bench -DCMAKE_BUILD_TYPE=Release -DORVANE_BUILD_TESTS=OFF -DORVANE_BUILD_BENCH=ON
+    for program in build/bench/bench/*; do
+        [ -x "$program" ] && [ -f "$program" ] && "$program"
+    done
+    ;;
+*)
+    echo "usage: ./build.sh demo | test | bench" >&2
+    exit 2
+    ;;
+esac

@@ -1,0 +1,74 @@
+#pragma once
+// Base types and export macros of the Maya 2022 API.
+
+#include <cstdint>
+
+#define MAYA_APP_VERSION 2022
+#define MAYA_API_VERSION 20220000
+
+#ifndef DLL_PUBLIC
+#define DLL_PUBLIC __attribute__((visibility("default")))
+#define DLL_PRIVATE __attribute__((visibility("hidden")))
+#endif
+#ifndef PLUGIN_EXPORT
+#define PLUGIN_EXPORT DLL_PUBLIC
+#endif
+
+#define OPENMAYA_EXPORT DLL_PUBLIC
+#define OPENMAYAANIM_EXPORT DLL_PUBLIC
+#define OPENMAYAUI_EXPORT DLL_PUBLIC
+#define OPENMAYARENDER_EXPORT DLL_PUBLIC
+#define FND_EXPORT DLL_PUBLIC
+#define IMAGE_EXPORT DLL_PUBLIC
+
+// Maya 2022 wraps its classes in a versioned namespace; plug-in code never names it.
+#define OPENMAYA_MAJOR_NAMESPACE_OPEN
+#define OPENMAYA_MAJOR_NAMESPACE_CLOSE
+#define OPENMAYA_NAMESPACE_OPEN
+#define OPENMAYA_NAMESPACE_CLOSE
+
+#define BEGIN_NO_SCRIPT_SUPPORT public
+#define END_NO_SCRIPT_SUPPORT public
+
+#ifndef NULL
+#define NULL 0L
+#endif
+
+typedef signed short short2[2];
+typedef signed short short3[3];
+typedef signed int long2[2];
+typedef signed int long3[3];
+typedef signed int int2[2];
+typedef signed int int3[3];
+typedef float float2[2];
+typedef float float3[3];
+typedef double double2[2];
+typedef double double3[3];
+typedef double double4[4];
+
+typedef unsigned long MUint64;
+typedef long MInt64;
+
+//! Transformation spaces.
+class OPENMAYA_EXPORT MSpace
+{
+public:
+    enum Space
+    {
+        kInvalid = 0,
+        kTransform = 1,
+        kPreTransform = 2,
+        kPostTransform = 3,
+        kWorld = 4,
+        kLast = 5,
+        kObject = kPreTransform
+    };
+};
+
+// Forward declarations most headers need.
+class MMatrix;
+class MString;
+class MStatus;
+class MObject;
+
+typedef uintptr_t MCallbackId;
