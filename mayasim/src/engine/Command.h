@@ -1,0 +1,102 @@
+#pragma once
+// Built-in MEL commands. Each is a C++ function over the evaluated words of
+// its call; it returns a MEL value or throws MelError with Maya's words.
+#include <functional>
+#include <initializer_list>
+#include <map>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace mayasim {
+
+// A MEL value: int, float, string, or an array of one of them.
+struct MelValue
+{
+    enum class Type { None, Int, Float, String, IntArray, FloatArray, StringArray };
+    Type type = Type::None;
+    long i = 0;
+    double f = 0.0;
+    std::string s;
+    std::vector<long> ia;
+    std::vector<double> fa;
+    std::vector<std::string> sa;
+
+    static MelValue none() { return {}; }
+    static MelValue ofInt(long v);
+    static MelValue ofFloat(double v);
+    static MelValue ofString(std::string v);
+    static MelValue ofInts(std::vector<long> v);
+    static MelValue ofFloats(std::vector<double> v);
+    static MelValue ofStrings(std::vector<std::string> v);
+
+    bool isArray() const { return type == Type::IntArray || type == Type::FloatArray || type == Type::StringArray; }
+    long asInt() const;              // MEL conversion rules
+    double asFloat() const;
+    std::string asString() const;    // MEL's text form (floats via doubleText)
+    // The text Maya prints after "// Result: " (arrays joined by blanks).
+    std::string resultText() const;
+};
+
+// A failed command. The message is what Maya prints inside "// Error: ... //".
+struct MelError : std::runtime_error
+{
+    using std::runtime_error::runtime_error;
+};
+
+// One argument of a call, after evaluation: quoted strings lose their quotes,
+// variables and back-tick substitutions are replaced by their values.
+struct Word
+{
+    std::string text;
+    bool quoted = false;  // came from a "string" (never a flag then)
+    bool isFlag() const;  // "-name": a dash followed by a letter, not quoted
+    bool isNumber() const;
+    double number() const; // throws MelError when not a number
+    long integer() const;
+    bool boolean() const;  // 0/1, true/false, on/off, yes/no; throws otherwise
+};
+
+// A flag a built-in command accepts, with how many arguments follow it.
+struct FlagSpec
+{
+    std::string shortName;
+    std::string longName;
+    int argumentCount = 0;
+};
+
+// The words of a call sorted into flags and positional arguments.
+class ParsedArgs
+{
+public:
+    // Throws MelError in Maya's words for an unknown flag or missing arguments.
+    ParsedArgs(const std::string& command, const std::vector<Word>& words, std::initializer_list<FlagSpec> flags);
+
+    bool has(const std::string& longName) const;
+    // The arguments of each use of a flag, in order (a flag may repeat).
+    const std::vector<std::vector<Word>>& uses(const std::string& longName) const;
+    // The arguments of the last use; throws when the flag was not given.
+    const std::vector<Word>& args(const std::string& longName) const;
+    const std::vector<Word>& positional() const { return fPositional; }
+
+private:
+    std::map<std::string, std::vector<std::vector<Word>>> fFlags;
+    std::vector<Word> fPositional;
+};
+
+struct Invocation
+{
+    std::string name;
+    std::vector<Word> words;
+};
+
+using BuiltinCommand = std::function<MelValue(const Invocation&)>;
+
+// Built-in commands register once when the library initialises.
+void registerBuiltin(const std::string& name, BuiltinCommand command);
+
+// Runs MEL text as the command engine does (used by file loading and hosts).
+// Returns false when a statement failed; errors are written to the output.
+bool runMel(const std::string& text, MelValue* result = nullptr);
+
+} // namespace mayasim

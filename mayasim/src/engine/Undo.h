@@ -1,0 +1,25 @@
+#pragma once
+// The undo queue's recording side. Scene edits made by built-in commands and
+// API calls that Maya itself records (MDGModifier work done through a
+// command, MEL edits) hand one UndoItem each to the step that is running.
+#include <memory>
+#include <string>
+
+namespace mayasim {
+
+class UndoItem
+{
+public:
+    virtual ~UndoItem() = default;
+    virtual void undo() = 0;
+    virtual void redo() = 0;
+};
+
+// Joins the running step (a top-level command, or an open chunk). Dropped
+// when undo is off, and while the queue itself is undoing or redoing.
+void recordUndo(std::unique_ptr<UndoItem> item);
+
+// True while recordUndo would keep an item (undo on, not undoing/redoing).
+bool undoRecording();
+
+} // namespace mayasim
