@@ -6,6 +6,7 @@
 #include <map>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace mayasim {
@@ -94,6 +95,13 @@ using BuiltinCommand = std::function<MelValue(const Invocation&)>;
 
 // Built-in commands register once when the library initialises.
 void registerBuiltin(const std::string& name, BuiltinCommand command);
+
+// Registers a built-in from a namespace-scope static in the file that
+// implements it: static mayasim::BuiltinRegistrar reg("setAttr", &setAttr);
+struct BuiltinRegistrar
+{
+    BuiltinRegistrar(const std::string& name, BuiltinCommand command) { registerBuiltin(name, std::move(command)); }
+};
 
 // Runs MEL text as the command engine does (used by file loading and hosts).
 // Returns false when a statement failed; errors are written to the output.
