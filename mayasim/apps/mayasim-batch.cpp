@@ -1,0 +1,5 @@
+// mayasim-batch: runs scenes and MEL without a UI.
+int main()
+{
+    return 0;
+}

@@ -1,0 +1,17 @@
+#pragma once
+#include <maya/MMessage.h>
+#include <maya/MStringArray.h>
+
+//! Callbacks on named conditions ("playblasting", ...) changing state.
+class OPENMAYA_EXPORT MConditionMessage : public MMessage
+{
+public:
+    static MCallbackId addConditionCallback(const MString& conditionName, MMessage::MStateFunction func,
+                                            void* clientData = NULL, MStatus* ReturnStatus = NULL);
+
+    static MStatus getConditionNames(MStringArray& names);
+
+    static bool getConditionState(const MString& name, MStatus* ReturnStatus = NULL);
+
+    static const char* className();
+};

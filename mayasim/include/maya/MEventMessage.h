@@ -1,0 +1,15 @@
+#pragma once
+#include <maya/MMessage.h>
+#include <maya/MStringArray.h>
+
+//! Callbacks on named events ("idle", "SelectionChanged", ...).
+class OPENMAYA_EXPORT MEventMessage : public MMessage
+{
+public:
+    static MCallbackId addEventCallback(const MString& event, MMessage::MBasicFunction func, void* clientData = NULL,
+                                        MStatus* ReturnStatus = NULL);
+
+    static MStatus getEventNames(MStringArray& names);
+
+    static const char* className();
+};

@@ -1,0 +1,13 @@
+#pragma once
+#include <maya/MMessage.h>
+
+//! Callbacks called at a fixed interval.
+class OPENMAYA_EXPORT MTimerMessage : public MMessage
+{
+public:
+    typedef void (*sleepCallbackPtr)();
+    static MCallbackId addTimerCallback(float period, MMessage::MElapsedTimeFunction func, void* clientData = NULL,
+                                        MStatus* ReturnStatus = NULL);
+
+    static const char* className();
+};
