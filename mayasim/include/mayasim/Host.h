@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+// Exported from the library, whose symbols are hidden by default.
+#pragma GCC visibility push(default)
 namespace mayasim::host {
 
 // --- script output -------------------------------------------------------
@@ -39,3 +41,4 @@ void advanceClock(double seconds);
 void setCondition(const std::string& name, bool state);
 
 } // namespace mayasim::host
+#pragma GCC visibility pop
