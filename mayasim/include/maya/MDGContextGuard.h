@@ -1,0 +1,17 @@
+#pragma once
+#include <maya/MDGContext.h>
+
+//! Makes a context current for the guard's lifetime, then restores the
+//! previous one.
+class OPENMAYA_EXPORT MDGContextGuard
+{
+public:
+    MDGContextGuard(const MDGContext& context);
+    ~MDGContextGuard();
+
+    MDGContextGuard(const MDGContextGuard&) = delete;
+    MDGContextGuard& operator=(const MDGContextGuard&) = delete;
+
+private:
+    MDGContext fPrevious;
+};

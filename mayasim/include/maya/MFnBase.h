@@ -1,0 +1,26 @@
+#pragma once
+#include <maya/MTypes.h>
+#include <maya/MFn.h>
+#include <maya/MObject.h>
+#include <maya/MStatus.h>
+
+//! Base of all function sets: attaches to an MObject of a compatible type.
+class OPENMAYA_EXPORT MFnBase
+{
+public:
+    virtual ~MFnBase();
+    virtual MFn::Type type() const;
+    bool hasObj(MFn::Type) const;
+    bool hasObj(const MObject&) const;
+    MObject object(MStatus* ReturnStatus = NULL) const;
+    virtual MStatus setObject(MObject& object);
+    virtual MStatus setObject(const MObject& object);
+    static const char* className();
+
+protected:
+    MFnBase();
+    // Attaches when the object is compatible with this function set.
+    MStatus attach(const MObject& object, MStatus* ReturnStatus);
+
+    MObject fObject;
+};

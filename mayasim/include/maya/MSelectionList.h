@@ -1,0 +1,75 @@
+#pragma once
+#include <maya/MTypes.h>
+#include <maya/MObject.h>
+#include <maya/MDagPath.h>
+#include <maya/MPlug.h>
+#include <maya/MStatus.h>
+#include <maya/MString.h>
+#include <string>
+#include <vector>
+
+class MStringArray;
+class MUuid;
+
+namespace mayasim {
+// One entry of a selection list: a dependency node, a DAG path, a plug, or
+// a component kept as the text after the object's name ("vtx[0:3]").
+struct SelectionItem
+{
+    MObject node;
+    MDagPath path; // valid for DAG nodes
+    MPlug plug;    // not null for plug items
+    std::string component;
+};
+} // namespace mayasim
+
+//! An ordered list of selected objects, DAG paths, plugs and components.
+class OPENMAYA_EXPORT MSelectionList
+{
+public:
+    MSelectionList();
+    MSelectionList(const MSelectionList& src);
+    virtual ~MSelectionList();
+
+    enum MergeStrategy
+    {
+        kMergeNormal = 0,
+        kXORWithList,
+        kRemoveFromList
+    };
+
+    MStatus clear();
+    bool isEmpty(MStatus* ReturnStatus = NULL) const;
+    unsigned int length(MStatus* ReturnStatus = NULL) const;
+    MStatus getDependNode(unsigned int index, MObject& depNode) const;
+    MStatus getDagPath(unsigned int index, MDagPath& dagPath, MObject& component = MObject::kNullObj) const;
+    MStatus getPlug(unsigned int index, MPlug& plug) const;
+    MStatus add(const MObject& object, const bool mergeWithExisting = false);
+    MStatus add(const MDagPath& object, const MObject& component = MObject::kNullObj,
+                const bool mergeWithExisting = false);
+    MStatus add(const MString& matchString, const bool searchChildNamespacesToo = false);
+    MStatus add(const MPlug& plug, const bool mergeWithExisting = false);
+    MStatus add(const MUuid& uuid, const bool mergeWithExisting = false);
+    MStatus remove(unsigned int index);
+    MStatus replace(unsigned int index, const MObject& item);
+    MStatus replace(unsigned int index, const MDagPath& item, const MObject& component = MObject::kNullObj);
+    MStatus replace(unsigned int index, const MPlug& plug);
+    bool hasItem(const MObject& item, MStatus* ReturnStatus = NULL) const;
+    bool hasItem(const MDagPath& item, const MObject& component = MObject::kNullObj,
+                 MStatus* ReturnStatus = NULL) const;
+    MStatus toggle(const MDagPath& item, const MObject& component = MObject::kNullObj);
+    MStatus getSelectionStrings(MStringArray& array) const;
+    MStatus getSelectionStrings(unsigned int index, MStringArray& array) const;
+    MStatus merge(const MSelectionList& other, const MergeStrategy strategy = kMergeNormal);
+    MStatus merge(const MDagPath& object, const MObject& component = MObject::kNullObj,
+                  const MergeStrategy strategy = kMergeNormal);
+    MSelectionList& operator=(const MSelectionList& other);
+
+    static const char* className();
+
+    // mayasim: the entries, for the selection machinery.
+    const std::vector<mayasim::SelectionItem>& simItems() const { return fItems; }
+
+private:
+    std::vector<mayasim::SelectionItem> fItems;
+};

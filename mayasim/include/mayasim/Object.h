@@ -1,0 +1,19 @@
+#pragma once
+// What an MObject points at. Nodes, attributes and data objects all derive
+// from mayasim::Object; MObject shares ownership, so an object stays in
+// memory while any MObject (or the undo queue) still holds it.
+#include <maya/MFn.h>
+#include <memory>
+
+namespace mayasim {
+
+class Object : public std::enable_shared_from_this<Object>
+{
+public:
+    virtual ~Object() = default;
+    virtual MFn::Type apiType() const = 0;
+    // True for the object's own type and every type it derives from.
+    virtual bool hasFn(MFn::Type type) const = 0;
+};
+
+} // namespace mayasim
