@@ -72,3 +72,9 @@ class MStatus;
 class MObject;
 
 typedef uintptr_t MCallbackId;
+
+// Functions a plug-in hands to MFnPlugin.
+class MSyntax;
+typedef void* (*MCreatorFunction)();
+typedef MSyntax (*MCreateSyntaxFunction)();
+typedef MStatus (*MInitializeFunction)();
