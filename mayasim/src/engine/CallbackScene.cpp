@@ -1,11 +1,15 @@
 #include "engine/Callbacks.h"
 
-// Placeholder bodies until the scene store lands: no node is watched yet.
+#include <maya/MObject.h>
+#include <maya/MTime.h>
+
 namespace mayasim::callbacks {
 
-NodeRef nodeRef(const MObject&)
+NodeRef nodeRef(const MObject& node)
 {
-    return {};
+    if (!node.hasFn(MFn::kDependencyNode))
+        return {};
+    return {node.simObject().get(), node.simObject()};
 }
 
 bool nodeIsOfType(const MObject&, const std::string& typeName)
@@ -15,12 +19,14 @@ bool nodeIsOfType(const MObject&, const std::string& typeName)
 
 void forSelfAndDescendants(const MObject& node, const std::function<void(MObject&)>& visit)
 {
-    visit(const_cast<MObject&>(node));
+    MObject self = node;
+    visit(self);
 }
 
 void withTimeCopy(const MTime& time, const std::function<void(MTime&)>& use)
 {
-    use(const_cast<MTime&>(time));
+    MTime copy = time;
+    use(copy);
 }
 
 } // namespace mayasim::callbacks
