@@ -1,7 +1,11 @@
 #include "engine/Callbacks.h"
 
+#include <maya/MDagPath.h>
+#include <maya/MFnDependencyNode.h>
 #include <maya/MObject.h>
 #include <maya/MTime.h>
+
+#include <set>
 
 namespace mayasim::callbacks {
 
@@ -12,15 +16,40 @@ NodeRef nodeRef(const MObject& node)
     return {node.simObject().get(), node.simObject()};
 }
 
-bool nodeIsOfType(const MObject&, const std::string& typeName)
+bool nodeIsOfType(const MObject& node, const std::string& typeName)
 {
-    return typeName == "dependNode";
+    if (typeName == "dependNode")
+        return true;
+    if (typeName == "dagNode")
+        return node.hasFn(MFn::kDagNode);
+    return MFnDependencyNode(node).typeName() == typeName.c_str();
 }
+
+namespace {
+
+void visitBelow(const MDagPath& path, std::set<const void*>& seen, const std::function<void(MObject&)>& visit)
+{
+    MObject node = path.node();
+    if (!seen.insert(node.simObject().get()).second)
+        return; // an instance reached twice
+    visit(node);
+    for (unsigned int i = 0; i < path.childCount(); ++i)
+    {
+        MDagPath child(path);
+        child.push(path.child(i));
+        visitBelow(child, seen, visit);
+    }
+}
+
+} // namespace
 
 void forSelfAndDescendants(const MObject& node, const std::function<void(MObject&)>& visit)
 {
-    MObject self = node;
-    visit(self);
+    MDagPath path;
+    if (!MDagPath::getAPathTo(node, path))
+        return;
+    std::set<const void*> seen;
+    visitBelow(path, seen, visit);
 }
 
 void withTimeCopy(const MTime& time, const std::function<void(MTime&)>& use)
