@@ -1,0 +1,38 @@
+#pragma once
+#include <maya/MTypes.h>
+#include <maya/MObject.h>
+#include <maya/MStatus.h>
+#include <maya/MDataHandle.h>
+#include <memory>
+
+class MPlug;
+class MDGContext;
+
+namespace mayasim {
+class DataBlockStorage;
+}
+
+//! The values of one node's attributes during a compute.
+class OPENMAYA_EXPORT MDataBlock
+{
+public:
+    MDataBlock(const MDataBlock& in);
+    virtual ~MDataBlock();
+
+    MDataHandle inputValue(const MPlug& plug, MStatus* ReturnStatus = NULL);
+    MDataHandle inputValue(const MObject& attribute, MStatus* ReturnStatus = NULL);
+    MDataHandle outputValue(const MPlug& plug, MStatus* ReturnStatus = NULL);
+    MDataHandle outputValue(const MObject& attribute, MStatus* ReturnStatus = NULL);
+    MStatus setClean(const MPlug& plug);
+    MStatus setClean(const MObject& attribute);
+    bool isClean(const MPlug& plug);
+    MDGContext context(MStatus* ReturnStatus = NULL);
+
+    static const char* className();
+
+    // mayasim: a block over a node's storage for one evaluation.
+    explicit MDataBlock(std::shared_ptr<mayasim::DataBlockStorage> storage);
+
+private:
+    std::shared_ptr<mayasim::DataBlockStorage> fStorage;
+};

@@ -1,0 +1,26 @@
+#pragma once
+#include <maya/MFnData.h>
+#include <maya/MMatrix.h>
+#include <maya/MTransformationMatrix.h>
+
+//! Function set for matrix data.
+class OPENMAYA_EXPORT MFnMatrixData : public MFnData
+{
+public:
+    MFnMatrixData();
+    MFnMatrixData(MObject& object, MStatus* ReturnStatus = NULL);
+    MFnMatrixData(const MObject& object, MStatus* ReturnStatus = NULL);
+    ~MFnMatrixData() override;
+    MFn::Type type() const override;
+
+    bool isTransformation(MStatus* ReturnStatus = NULL) const;
+    const MMatrix& matrix(MStatus* ReturnStatus = NULL) const;
+    MTransformationMatrix transformation(MStatus* ReturnStatus = NULL) const;
+    MStatus set(const MMatrix& matrix);
+    MStatus set(const MTransformationMatrix& transformation);
+    MObject create(MStatus* ReturnStatus = NULL);
+    MObject create(const MMatrix& in, MStatus* ReturnStatus = NULL);
+    MObject create(const MTransformationMatrix& in, MStatus* ReturnStatus = NULL);
+
+    static const char* className();
+};

@@ -1,0 +1,21 @@
+#pragma once
+#include <maya/MFnData.h>
+#include <maya/MString.h>
+
+//! Function set for string data.
+class OPENMAYA_EXPORT MFnStringData : public MFnData
+{
+public:
+    MFnStringData();
+    MFnStringData(MObject& object, MStatus* ReturnStatus = NULL);
+    MFnStringData(const MObject& object, MStatus* ReturnStatus = NULL);
+    ~MFnStringData() override;
+    MFn::Type type() const override;
+
+    MString string(MStatus* ReturnStatus = NULL) const;
+    MStatus set(const MString& newString);
+    MObject create(const MString& str, MStatus* ReturnStatus = NULL);
+    MObject create(MStatus* ReturnStatus = NULL);
+
+    static const char* className();
+};

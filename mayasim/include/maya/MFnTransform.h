@@ -1,0 +1,55 @@
+#pragma once
+#include <maya/MFnDagNode.h>
+#include <maya/MTransformationMatrix.h>
+#include <maya/MVector.h>
+#include <maya/MPoint.h>
+#include <maya/MQuaternion.h>
+#include <maya/MEulerRotation.h>
+
+//! Function set for transform nodes: the channels of Maya's transform stack.
+class OPENMAYA_EXPORT MFnTransform : public MFnDagNode
+{
+public:
+    MFnTransform();
+    MFnTransform(MObject& object, MStatus* ReturnStatus = NULL);
+    MFnTransform(const MObject& object, MStatus* ReturnStatus = NULL);
+    MFnTransform(const MDagPath& object, MStatus* ReturnStatus = NULL);
+    ~MFnTransform() override;
+    MFn::Type type() const override;
+
+    MObject create(MObject parent = MObject::kNullObj, MStatus* ReturnStatus = NULL);
+    MTransformationMatrix transformation(MStatus* ReturnStatus = NULL) const;
+    MStatus set(const MTransformationMatrix& transform);
+
+    MVector getTranslation(MSpace::Space space, MStatus* ReturnStatus = NULL) const;
+    MVector translation(MSpace::Space space, MStatus* ReturnStatus = NULL) const;
+    MStatus setTranslation(const MVector& vec, MSpace::Space space);
+    MStatus translateBy(const MVector& vec, MSpace::Space space);
+
+    MStatus getScale(double scale[3]) const;
+    MStatus setScale(const double scale[3]);
+    MStatus scaleBy(const double scale[3]);
+    MPoint scalePivot(MSpace::Space space, MStatus* ReturnStatus = NULL) const;
+    MStatus setScalePivot(const MPoint& point, MSpace::Space space, bool balance = true);
+    MVector scalePivotTranslation(MSpace::Space space, MStatus* ReturnStatus = NULL) const;
+    MStatus setScalePivotTranslation(const MVector& vec, MSpace::Space space);
+    MStatus getShear(double shear[3]) const;
+    MStatus setShear(const double shear[3]);
+
+    MStatus getRotation(MQuaternion& quaternion, MSpace::Space space = MSpace::kTransform) const;
+    MStatus setRotation(const MQuaternion& quaternion, MSpace::Space space = MSpace::kTransform);
+    MStatus getRotation(MEulerRotation& rotation) const;
+    MStatus setRotation(const MEulerRotation& rotation);
+    MStatus getRotation(double rotation[3], MTransformationMatrix::RotationOrder& order) const;
+    MStatus setRotation(const double rotation[3], MTransformationMatrix::RotationOrder order);
+    MQuaternion rotateOrientation(MSpace::Space space, MStatus* ReturnStatus = NULL) const;
+    MStatus setRotateOrientation(const MQuaternion& quat, MSpace::Space space, bool balance = true);
+    MPoint rotatePivot(MSpace::Space space, MStatus* ReturnStatus = NULL) const;
+    MStatus setRotatePivot(const MPoint& point, MSpace::Space space, bool balance = true);
+    MVector rotatePivotTranslation(MSpace::Space space, MStatus* ReturnStatus = NULL) const;
+    MStatus setRotatePivotTranslation(const MVector& vec, MSpace::Space space);
+    MTransformationMatrix::RotationOrder rotationOrder(MStatus* ReturnStatus = NULL) const;
+    MStatus setRotationOrder(MTransformationMatrix::RotationOrder order, bool reorder);
+
+    static const char* className();
+};

@@ -1,0 +1,31 @@
+#pragma once
+#include <maya/MPxNode.h>
+
+//! Base class of locator node types defined by plug-ins.
+class OPENMAYA_EXPORT MPxLocatorNode : public MPxNode
+{
+public:
+    MPxLocatorNode();
+    ~MPxLocatorNode() override;
+    MPxNode::Type type() const override;
+
+    virtual bool isBounded() const;
+    virtual bool excludeAsLocator() const;
+    virtual bool isTransparent() const;
+
+    static MObject underWorldObject;
+    static MObject localPosition;
+    static MObject localPositionX;
+    static MObject localPositionY;
+    static MObject localPositionZ;
+    static MObject worldPosition;
+    static MObject worldPositionX;
+    static MObject worldPositionY;
+    static MObject worldPositionZ;
+    static MObject localScale;
+    static MObject localScaleX;
+    static MObject localScaleY;
+    static MObject localScaleZ;
+
+    static const char* className();
+};
