@@ -2,6 +2,7 @@
 // condition changes happen only when the host asks for them.
 #include "engine/Callbacks.h"
 #include "engine/Events.h"
+#include "engine/IdleCommands.h"
 
 #include <mayasim/Host.h>
 
@@ -14,6 +15,7 @@ namespace mayasim::host {
 void pumpIdle()
 {
     events::fireEvent("idle");
+    runIdleCommands();
 }
 
 void advanceClock(double seconds)
