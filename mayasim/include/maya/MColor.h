@@ -19,11 +19,6 @@ public:
     MColor(float rr, float gg, float bb = 0.0, float aa = 1.0);
     MColor(const float d[3]);
     MColor(float alpha);
-    MColor(MColorType colorModel, unsigned char c1, unsigned char c2, unsigned char c3, unsigned char alpha = 255U);
-    MColor(MColorType colorModel, unsigned short c1, unsigned short c2, unsigned short c3,
-           unsigned short alpha = 65535U);
-    MColor(MColorType colorModel, float c1, float c2, float c3, float alpha = 1.0);
-    MColor(MColorType colorModel, double c1, double c2, double c3, double alpha = 1.0);
     ~MColor();
     MColor& operator=(const MColor& src);
     float operator()(unsigned int i) const;
@@ -41,9 +36,6 @@ public:
     bool operator==(const MColor& other) const;
     bool operator!=(const MColor& other) const;
     bool get(float d[3]) const;
-    bool get(MColorType colorModel, float&, float&, float&) const;
-    bool get(MColorType colorModel, float&, float&, float&, float& alpha) const;
-    bool set(MColorType colorModel, float, float, float, float alpha = 1.0);
 
 BEGIN_NO_SCRIPT_SUPPORT:
     float& operator()(unsigned int i);

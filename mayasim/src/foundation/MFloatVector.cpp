@@ -1,0 +1,203 @@
+#include <maya/MFloatVector.h>
+
+#include <maya/MFloatMatrix.h>
+#include <maya/MFloatPoint.h>
+#include <maya/MPoint.h>
+#include <maya/MVector.h>
+
+#include "MatrixMath.h"
+
+#include <cmath>
+#include <ostream>
+
+using namespace mayasim;
+
+const MFloatVector MFloatVector::zero(0.0F, 0.0F, 0.0F);
+const MFloatVector MFloatVector::one(1.0F, 1.0F, 1.0F);
+const MFloatVector MFloatVector::xAxis(1.0F, 0.0F, 0.0F);
+const MFloatVector MFloatVector::yAxis(0.0F, 1.0F, 0.0F);
+const MFloatVector MFloatVector::zAxis(0.0F, 0.0F, 1.0F);
+const MFloatVector MFloatVector::xNegAxis(-1.0F, 0.0F, 0.0F);
+const MFloatVector MFloatVector::yNegAxis(0.0F, -1.0F, 0.0F);
+const MFloatVector MFloatVector::zNegAxis(0.0F, 0.0F, -1.0F);
+
+MFloatVector::MFloatVector() : x(0.0F), y(0.0F), z(0.0F) {}
+MFloatVector::MFloatVector(const MFloatVector&) = default;
+MFloatVector::MFloatVector(const MVector& v) : x(float(v.x)), y(float(v.y)), z(float(v.z)) {}
+MFloatVector::MFloatVector(const MFloatPoint& p) : x(p.x), y(p.y), z(p.z) {}
+MFloatVector::MFloatVector(const MPoint& p) : x(float(p.x)), y(float(p.y)), z(float(p.z)) {}
+MFloatVector::MFloatVector(float xx, float yy, float zz) : x(xx), y(yy), z(zz) {}
+MFloatVector::MFloatVector(const float f[3]) : x(f[0]), y(f[1]), z(f[2]) {}
+MFloatVector::MFloatVector(const double d[3]) : x(float(d[0])), y(float(d[1])), z(float(d[2])) {}
+MFloatVector::~MFloatVector() = default;
+MFloatVector& MFloatVector::operator=(const MFloatVector&) = default;
+
+float MFloatVector::operator()(unsigned int i) const
+{
+    return (*this)[i];
+}
+
+float MFloatVector::operator[](unsigned int i) const
+{
+    return i == 0 ? x : i == 1 ? y : z;
+}
+
+float& MFloatVector::operator()(unsigned int i)
+{
+    return (*this)[i];
+}
+
+float& MFloatVector::operator[](unsigned int i)
+{
+    return i == 0 ? x : i == 1 ? y : z;
+}
+
+MFloatVector MFloatVector::operator^(const MFloatVector& r) const
+{
+    return MFloatVector(y * r.z - z * r.y, z * r.x - x * r.z, x * r.y - y * r.x);
+}
+
+float MFloatVector::operator*(const MFloatVector& r) const
+{
+    return x * r.x + y * r.y + z * r.z;
+}
+
+MFloatVector& MFloatVector::operator/=(float scalar)
+{
+    x /= scalar;
+    y /= scalar;
+    z /= scalar;
+    return *this;
+}
+
+MFloatVector MFloatVector::operator/(float scalar) const
+{
+    return MFloatVector(*this) /= scalar;
+}
+
+MFloatVector& MFloatVector::operator*=(double scalar)
+{
+    x = float(x * scalar);
+    y = float(y * scalar);
+    z = float(z * scalar);
+    return *this;
+}
+
+MFloatVector& MFloatVector::operator*=(int scalar) { return *this *= double(scalar); }
+MFloatVector& MFloatVector::operator*=(short scalar) { return *this *= double(scalar); }
+MFloatVector& MFloatVector::operator*=(unsigned int scalar) { return *this *= double(scalar); }
+MFloatVector& MFloatVector::operator*=(unsigned short scalar) { return *this *= double(scalar); }
+MFloatVector& MFloatVector::operator*=(float scalar) { return *this *= double(scalar); }
+MFloatVector MFloatVector::operator*(double scalar) const { return MFloatVector(*this) *= scalar; }
+MFloatVector MFloatVector::operator*(int scalar) const { return *this * double(scalar); }
+MFloatVector MFloatVector::operator*(short scalar) const { return *this * double(scalar); }
+MFloatVector MFloatVector::operator*(unsigned int scalar) const { return *this * double(scalar); }
+MFloatVector MFloatVector::operator*(unsigned short scalar) const { return *this * double(scalar); }
+MFloatVector MFloatVector::operator*(float scalar) const { return *this * double(scalar); }
+MFloatVector operator*(int s, const MFloatVector& v) { return v * double(s); }
+MFloatVector operator*(short s, const MFloatVector& v) { return v * double(s); }
+MFloatVector operator*(unsigned int s, const MFloatVector& v) { return v * double(s); }
+MFloatVector operator*(unsigned short s, const MFloatVector& v) { return v * double(s); }
+MFloatVector operator*(float s, const MFloatVector& v) { return v * double(s); }
+MFloatVector operator*(double s, const MFloatVector& v) { return v * s; }
+
+MFloatVector MFloatVector::operator+(const MFloatVector& other) const
+{
+    return MFloatVector(x + other.x, y + other.y, z + other.z);
+}
+
+MFloatVector& MFloatVector::operator+=(const MFloatVector& other)
+{
+    return *this = *this + other;
+}
+
+MFloatVector MFloatVector::operator-() const
+{
+    return MFloatVector(-x, -y, -z);
+}
+
+MFloatVector& MFloatVector::operator-=(const MFloatVector& other)
+{
+    return *this = *this - other;
+}
+
+MFloatVector MFloatVector::operator-(const MFloatVector& other) const
+{
+    return MFloatVector(x - other.x, y - other.y, z - other.z);
+}
+
+MFloatVector MFloatVector::operator*(const MFloatMatrix& m) const
+{
+    const float in[4] = {x, y, z, 0.0F};
+    float out[4];
+    math::transformRow(in, m.matrix, out);
+    return MFloatVector(out);
+}
+
+MFloatVector& MFloatVector::operator*=(const MFloatMatrix& m)
+{
+    return *this = *this * m;
+}
+
+MFloatVector operator*(const MFloatMatrix& m, const MFloatVector& v)
+{
+    return v * m.transpose();
+}
+
+bool MFloatVector::operator!=(const MFloatVector& other) const
+{
+    return !(*this == other);
+}
+
+bool MFloatVector::operator==(const MFloatVector& other) const
+{
+    return x == other.x && y == other.y && z == other.z;
+}
+
+MStatus MFloatVector::get(float f[3]) const
+{
+    f[0] = x;
+    f[1] = y;
+    f[2] = z;
+    return MS::kSuccess;
+}
+
+float MFloatVector::length() const
+{
+    return std::sqrt(*this * *this);
+}
+
+MFloatVector MFloatVector::normal() const
+{
+    MFloatVector result(*this);
+    result.normalize();
+    return result;
+}
+
+MStatus MFloatVector::normalize()
+{
+    const float len = length();
+    if (len > 0.0F)
+        *this /= len;
+    return MS::kSuccess;
+}
+
+float MFloatVector::angle(const MFloatVector& other) const
+{
+    return std::atan2((*this ^ other).length(), *this * other);
+}
+
+bool MFloatVector::isEquivalent(const MFloatVector& other, float tolerance) const
+{
+    return (*this - other).length() <= tolerance;
+}
+
+bool MFloatVector::isParallel(const MFloatVector& other, float tolerance) const
+{
+    return (normal() ^ other.normal()).length() <= tolerance;
+}
+
+std::ostream& operator<<(std::ostream& os, const MFloatVector& v)
+{
+    return os << math::listText({v.x, v.y, v.z});
+}
