@@ -4,6 +4,9 @@
 #include <string>
 #include <vector>
 
+class MObject;
+class MStatus;
+
 // Exported from the library, whose symbols are hidden by default.
 #pragma GCC visibility push(default)
 namespace mayasim::host {
@@ -30,6 +33,26 @@ struct SentCommand
 };
 const std::vector<SentCommand>& sentCommands();
 void clearSentCommands();
+
+// --- plug-in registration ---------------------------------------------------
+// Every MFnPlugin register/deregister call, in order, with its outcome.
+struct Registration
+{
+    std::string plugin;
+    std::string call; // "registerCommand", "deregisterNode", ...
+    std::string name; // command or node type name
+    bool succeeded = false;
+};
+const std::vector<Registration>& registrations();
+void clearRegistrations();
+// The n-th registration call from now (1 = the next one) fails; counts both
+// register and deregister calls. 0 cancels.
+void failRegistrationAt(int n);
+// Loads a plug-in linked into the program itself, as loadPlugin loads a
+// module: its initializePlugin runs now, its uninitializePlugin on
+// "unloadPlugin <name>". False (with Maya's message) when initialization fails.
+using PluginEntryPoint = MStatus (*)(MObject);
+bool loadLinkedPlugin(const std::string& name, PluginEntryPoint initialize, PluginEntryPoint uninitialize);
 
 // --- main loop -------------------------------------------------------------
 // One "idle" event: each idle callback runs once, in order. Callbacks added

@@ -40,10 +40,16 @@ struct MelValue
 };
 
 // A failed command. The message is what Maya prints inside "// Error: ... //".
+// An empty message means the command already reported why it failed.
 struct MelError : std::runtime_error
 {
     using std::runtime_error::runtime_error;
 };
+
+// Maya's words for the common argument errors.
+extern const char* const kArgumentParseError; // "Error while parsing arguments."
+std::string invalidFlagMessage(const std::string& flag);         // flag as written: "-foo"
+std::string missingFlagArgumentMessage(const std::string& flag); // flag as written
 
 // One argument of a call, after evaluation: quoted strings lose their quotes,
 // variables and back-tick substitutions are replaced by their values.
@@ -64,9 +70,11 @@ struct FlagSpec
     std::string shortName;
     std::string longName;
     int argumentCount = 0;
+    bool queryTakesArguments = false; // with -query the flag still reads its arguments
 };
 
-// The words of a call sorted into flags and positional arguments.
+// The words of a call sorted into flags and positional arguments. With the
+// -query flag present, flags take no arguments unless queryTakesArguments.
 class ParsedArgs
 {
 public:
@@ -105,6 +113,7 @@ struct BuiltinRegistrar
 
 // Runs MEL text as the command engine does (used by file loading and hosts).
 // Returns false when a statement failed; errors are written to the output.
-bool runMel(const std::string& text, MelValue* result = nullptr);
+// With undo off nothing it does enters the undo queue.
+bool runMel(const std::string& text, MelValue* result = nullptr, bool undo = true);
 
 } // namespace mayasim

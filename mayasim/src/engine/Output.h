@@ -16,4 +16,10 @@ enum class OutputKind
 
 void writeOutput(OutputKind kind, const std::string& text);
 
+namespace host {
+struct SentCommand;
+}
+// Every command text sent through MGlobal, for host::sentCommands().
+void logSentCommand(host::SentCommand command);
+
 } // namespace mayasim

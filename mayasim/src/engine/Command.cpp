@@ -1,0 +1,299 @@
+#include "engine/Command.h"
+
+#include "engine/Dispatch.h"
+#include "foundation/NumberText.h"
+
+#include <algorithm>
+#include <cctype>
+#include <cmath>
+#include <cstdlib>
+
+namespace mayasim {
+
+// --- MelValue ----------------------------------------------------------------
+
+MelValue MelValue::ofInt(long v)
+{
+    MelValue value;
+    value.type = Type::Int;
+    value.i = v;
+    return value;
+}
+
+MelValue MelValue::ofFloat(double v)
+{
+    MelValue value;
+    value.type = Type::Float;
+    value.f = v;
+    return value;
+}
+
+MelValue MelValue::ofString(std::string v)
+{
+    MelValue value;
+    value.type = Type::String;
+    value.s = std::move(v);
+    return value;
+}
+
+MelValue MelValue::ofInts(std::vector<long> v)
+{
+    MelValue value;
+    value.type = Type::IntArray;
+    value.ia = std::move(v);
+    return value;
+}
+
+MelValue MelValue::ofFloats(std::vector<double> v)
+{
+    MelValue value;
+    value.type = Type::FloatArray;
+    value.fa = std::move(v);
+    return value;
+}
+
+MelValue MelValue::ofStrings(std::vector<std::string> v)
+{
+    MelValue value;
+    value.type = Type::StringArray;
+    value.sa = std::move(v);
+    return value;
+}
+
+namespace {
+
+// MEL reads a number from the start of a string and ignores the rest ("3.5x" is
+// 3.5, "abc" is 0).
+double leadingNumber(const std::string& text)
+{
+    return std::strtod(text.c_str(), nullptr);
+}
+
+template <typename T, typename Convert>
+std::string joined(const std::vector<T>& items, Convert convert)
+{
+    std::string text;
+    for (size_t at = 0; at < items.size(); ++at)
+        text += (at ? " " : "") + convert(items[at]);
+    return text;
+}
+
+} // namespace
+
+long MelValue::asInt() const
+{
+    switch (type) {
+    case Type::Int: return i;
+    case Type::Float: return static_cast<long>(std::trunc(f));
+    case Type::String: return static_cast<long>(std::trunc(leadingNumber(s)));
+    case Type::IntArray: return ia.empty() ? 0 : ia.front();
+    case Type::FloatArray: return fa.empty() ? 0 : static_cast<long>(std::trunc(fa.front()));
+    case Type::StringArray: return sa.empty() ? 0 : static_cast<long>(std::trunc(leadingNumber(sa.front())));
+    case Type::None: break;
+    }
+    return 0;
+}
+
+double MelValue::asFloat() const
+{
+    switch (type) {
+    case Type::Int: return static_cast<double>(i);
+    case Type::Float: return f;
+    case Type::String: return leadingNumber(s);
+    case Type::IntArray: return ia.empty() ? 0.0 : static_cast<double>(ia.front());
+    case Type::FloatArray: return fa.empty() ? 0.0 : fa.front();
+    case Type::StringArray: return sa.empty() ? 0.0 : leadingNumber(sa.front());
+    case Type::None: break;
+    }
+    return 0.0;
+}
+
+std::string MelValue::asString() const
+{
+    switch (type) {
+    case Type::Int: return std::to_string(i);
+    case Type::Float: return doubleText(f);
+    case Type::String: return s;
+    default: return resultText();
+    }
+}
+
+std::string MelValue::resultText() const
+{
+    switch (type) {
+    case Type::IntArray: return joined(ia, [](long v) { return std::to_string(v); });
+    case Type::FloatArray: return joined(fa, [](double v) { return doubleText(v); });
+    case Type::StringArray: return joined(sa, [](const std::string& v) { return v; });
+    case Type::None: return "";
+    default: return asString();
+    }
+}
+
+// --- Word ----------------------------------------------------------------------
+
+bool Word::isFlag() const
+{
+    return !quoted && text.size() >= 2 && text[0] == '-' && std::isalpha(static_cast<unsigned char>(text[1]));
+}
+
+bool Word::isNumber() const
+{
+    // Plain decimal notation only: "inf", "nan" and hex are names in MEL.
+    size_t at = 0;
+    if (at < text.size() && (text[at] == '-' || text[at] == '+'))
+        ++at;
+    bool digits = false;
+    while (at < text.size() && std::isdigit(static_cast<unsigned char>(text[at]))) {
+        ++at;
+        digits = true;
+    }
+    if (at < text.size() && text[at] == '.') {
+        ++at;
+        while (at < text.size() && std::isdigit(static_cast<unsigned char>(text[at]))) {
+            ++at;
+            digits = true;
+        }
+    }
+    if (!digits)
+        return false;
+    if (at < text.size() && (text[at] == 'e' || text[at] == 'E')) {
+        ++at;
+        if (at < text.size() && (text[at] == '-' || text[at] == '+'))
+            ++at;
+        const size_t exponentStart = at;
+        while (at < text.size() && std::isdigit(static_cast<unsigned char>(text[at])))
+            ++at;
+        if (at == exponentStart)
+            return false;
+    }
+    return at == text.size();
+}
+
+double Word::number() const
+{
+    double value = 0.0;
+    if (!isNumber() || !parseDouble(text, value))
+        throw MelError(kArgumentParseError);
+    return value;
+}
+
+long Word::integer() const
+{
+    long value = 0;
+    if (parseInteger(text, value))
+        return value;
+    return static_cast<long>(std::trunc(number()));
+}
+
+bool Word::boolean() const
+{
+    std::string lower = text;
+    std::transform(lower.begin(), lower.end(), lower.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    if (lower == "true" || lower == "on" || lower == "yes")
+        return true;
+    if (lower == "false" || lower == "off" || lower == "no")
+        return false;
+    return number() != 0.0;
+}
+
+// --- ParsedArgs ----------------------------------------------------------------
+
+namespace {
+
+const FlagSpec* findFlag(std::initializer_list<FlagSpec> flags, const std::string& name)
+{
+    for (const FlagSpec& flag : flags)
+        if (name == flag.shortName || name == flag.longName)
+            return &flag;
+    return nullptr;
+}
+
+} // namespace
+
+ParsedArgs::ParsedArgs(const std::string& /*command*/, const std::vector<Word>& words,
+                       std::initializer_list<FlagSpec> flags)
+{
+    // In query mode flags name what to query and take no arguments, unless
+    // the command reads arguments for that query too.
+    const FlagSpec* query = findFlag(flags, "query");
+    const bool querying = query && std::any_of(words.begin(), words.end(), [query](const Word& w) {
+        return w.isFlag() && (w.text.substr(1) == query->shortName || w.text.substr(1) == query->longName);
+    });
+    for (size_t at = 0; at < words.size(); ++at) {
+        const Word& word = words[at];
+        if (!word.isFlag()) {
+            fPositional.push_back(word);
+            continue;
+        }
+        const FlagSpec* flag = findFlag(flags, word.text.substr(1));
+        if (!flag)
+            throw MelError(invalidFlagMessage(word.text));
+        const int count = querying && !flag->queryTakesArguments ? 0 : flag->argumentCount;
+        if (at + static_cast<size_t>(count) >= words.size())
+            throw MelError(missingFlagArgumentMessage(word.text));
+        std::vector<Word> arguments(words.begin() + static_cast<long>(at) + 1,
+                                    words.begin() + static_cast<long>(at) + 1 + count);
+        fFlags[flag->longName].push_back(std::move(arguments));
+        at += static_cast<size_t>(count);
+    }
+}
+
+bool ParsedArgs::has(const std::string& longName) const
+{
+    return fFlags.count(longName) != 0;
+}
+
+const std::vector<std::vector<Word>>& ParsedArgs::uses(const std::string& longName) const
+{
+    static const std::vector<std::vector<Word>> none;
+    auto found = fFlags.find(longName);
+    return found == fFlags.end() ? none : found->second;
+}
+
+const std::vector<Word>& ParsedArgs::args(const std::string& longName) const
+{
+    auto found = fFlags.find(longName);
+    if (found == fFlags.end())
+        throw MelError("Flag '-" + longName + "' was not given");
+    return found->second.back();
+}
+
+// --- messages in Maya's words --------------------------------------------------
+
+const char* const kArgumentParseError = "Error while parsing arguments.";
+
+std::string invalidFlagMessage(const std::string& flag)
+{
+    return "Invalid flag '" + flag + "'";
+}
+
+std::string missingFlagArgumentMessage(const std::string& flag)
+{
+    return "Flag '" + flag.substr(flag.find_first_not_of('-')) + "' must be passed an argument";
+}
+
+// --- registry --------------------------------------------------------------------
+
+namespace {
+
+std::map<std::string, BuiltinCommand>& builtins()
+{
+    static std::map<std::string, BuiltinCommand> registry;
+    return registry;
+}
+
+} // namespace
+
+void registerBuiltin(const std::string& name, BuiltinCommand command)
+{
+    builtins()[name] = std::move(command);
+}
+
+const BuiltinCommand* findBuiltin(const std::string& name)
+{
+    auto found = builtins().find(name);
+    return found == builtins().end() ? nullptr : &found->second;
+}
+
+} // namespace mayasim

@@ -1,0 +1,123 @@
+// MFnPlugin's command side; PluginNodes.cpp holds the node registration.
+#define MNoVersionString
+#include <maya/MFnPlugin.h>
+#include <maya/MSyntax.h>
+
+#include "engine/PluginCommands.h"
+#include "engine/Plugins.h"
+
+#include <filesystem>
+
+using mayasim::plugins::Plugin;
+
+namespace {
+
+MString text(const std::string& value, MStatus* status, bool attached)
+{
+    if (status)
+        *status = attached ? MS::kSuccess : MS::kFailure;
+    return MString(value.c_str());
+}
+
+} // namespace
+
+MFnPlugin::MFnPlugin() = default;
+
+MFnPlugin::MFnPlugin(MObject& object, const char* vendor, const char* version, const char* requiredApiVersion,
+                     MStatus* ReturnStatus)
+{
+    MStatus status;
+    attach(object, &status);
+    if (status) {
+        // Vendor and version belong to the module: the first MFnPlugin sets them.
+        std::shared_ptr<Plugin> plugin = mayasim::plugins::pluginOf(fObject);
+        if (!plugin->described) {
+            plugin->vendor = vendor ? vendor : "Unknown";
+            plugin->version = version ? version : "Unknown";
+            plugin->apiVersion = requiredApiVersion ? requiredApiVersion : "Any";
+            plugin->described = true;
+        }
+    }
+    if (ReturnStatus)
+        *ReturnStatus = status;
+}
+
+MFnPlugin::~MFnPlugin() = default;
+
+MFn::Type MFnPlugin::type() const
+{
+    return MFn::kPlugin;
+}
+
+MString MFnPlugin::vendor(MStatus* ReturnStatus) const
+{
+    auto plugin = mayasim::plugins::pluginOf(fObject);
+    return text(plugin ? plugin->vendor : "", ReturnStatus, plugin != nullptr);
+}
+
+MString MFnPlugin::version(MStatus* ReturnStatus) const
+{
+    auto plugin = mayasim::plugins::pluginOf(fObject);
+    return text(plugin ? plugin->version : "", ReturnStatus, plugin != nullptr);
+}
+
+MString MFnPlugin::apiVersion(MStatus* ReturnStatus) const
+{
+    auto plugin = mayasim::plugins::pluginOf(fObject);
+    return text(plugin ? plugin->apiVersion : "", ReturnStatus, plugin != nullptr);
+}
+
+MString MFnPlugin::name(MStatus* ReturnStatus) const
+{
+    auto plugin = mayasim::plugins::pluginOf(fObject);
+    return text(plugin ? plugin->name : "", ReturnStatus, plugin != nullptr);
+}
+
+MString MFnPlugin::loadPath(MStatus* ReturnStatus) const
+{
+    auto plugin = mayasim::plugins::pluginOf(fObject);
+    const std::string folder = plugin ? std::filesystem::path(plugin->path).parent_path().string() : "";
+    return text(folder, ReturnStatus, plugin != nullptr);
+}
+
+MStatus MFnPlugin::registerCommand(const MString& commandName, MCreatorFunction creatorFunction,
+                                   MCreateSyntaxFunction createSyntaxFunction)
+{
+    auto plugin = mayasim::plugins::pluginOf(fObject);
+    const std::string pluginName = plugin ? plugin->name : "";
+    bool ok = mayasim::plugins::registrationAllowed() && plugin && creatorFunction;
+    if (ok) {
+        mayasim::PluginCommand command;
+        command.name = commandName.asChar();
+        command.creator = creatorFunction;
+        if (createSyntaxFunction)
+            command.syntax = std::make_shared<const MSyntax>(createSyntaxFunction());
+        command.plugin = pluginName;
+        ok = mayasim::addPluginCommand(std::move(command));
+    }
+    mayasim::plugins::recordRegistration(pluginName, "registerCommand", commandName.asChar(), ok);
+    return ok ? MS::kSuccess : MS::kFailure;
+}
+
+MStatus MFnPlugin::deregisterCommand(const MString& commandName)
+{
+    auto plugin = mayasim::plugins::pluginOf(fObject);
+    const std::string pluginName = plugin ? plugin->name : "";
+    const mayasim::PluginCommand* command = mayasim::findPluginCommand(commandName.asChar());
+    bool ok = mayasim::plugins::registrationAllowed() && plugin && command && command->plugin == pluginName;
+    if (ok)
+        mayasim::removePluginCommand(commandName.asChar());
+    mayasim::plugins::recordRegistration(pluginName, "deregisterCommand", commandName.asChar(), ok);
+    return ok ? MS::kSuccess : MS::kFailure;
+}
+
+MObject MFnPlugin::findPlugin(const MString& pluginName)
+{
+    auto plugin = mayasim::plugins::findLoaded(pluginName.asChar());
+    return plugin ? MObject(plugin) : MObject();
+}
+
+const char* MFnPlugin::className()
+{
+    return "MFnPlugin";
+}
