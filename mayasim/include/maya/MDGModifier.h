@@ -14,6 +14,7 @@ class MTime;
 
 namespace mayasim {
 class ModifierOperation;
+struct ModifierAccess;
 }
 
 //! Records dependency graph edits; doIt applies what it hasn't applied yet,
@@ -65,4 +66,6 @@ protected:
 private:
     std::vector<std::shared_ptr<mayasim::ModifierOperation>> fOperations;
     size_t fApplied = 0; // operations before this index have been done
+
+    friend struct mayasim::ModifierAccess;
 };

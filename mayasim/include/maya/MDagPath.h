@@ -9,6 +9,10 @@
 class MDagPathArray;
 class MMatrix;
 
+namespace mayasim {
+struct DagPathAccess;
+}
+
 //! A path from the world down to a DAG node, through its parents.
 class OPENMAYA_EXPORT MDagPath
 {
@@ -53,4 +57,6 @@ public:
 private:
     // The nodes from the top of the hierarchy down to the path's node.
     std::vector<MObject> fNodes;
+
+    friend struct mayasim::DagPathAccess;
 };

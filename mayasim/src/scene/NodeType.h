@@ -1,0 +1,77 @@
+#pragma once
+// Node types: built-in ones (transform, joint, shapes, ...) and those that
+// plug-ins register. A type owns its static attributes, in order, with its
+// base type's attributes first.
+#include "scene/Attribute.h"
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+class MPxNode;
+
+namespace mayasim {
+
+class Node;
+struct PlugKey;
+
+class NodeType
+{
+public:
+    using Compute = std::function<std::optional<Value>(Node&, const PlugKey&)>;
+    using Creator = void* (*)();
+
+    std::string name;
+    unsigned int typeId = 0;
+    MFn::Type apiType = MFn::kDependencyNode;
+    std::shared_ptr<NodeType> base;
+    std::vector<AttributePtr> attributes; // base's first
+    bool dag = false;
+    bool shape = false;
+    bool abstract = false; // "dagNode", "shape": never created
+    // Keeps whatever attributes a file sets (types mayasim doesn't know).
+    bool acceptsUnknownAttributes = false;
+
+    // Plug-in node types.
+    Creator creator = nullptr;
+    int pxType = -1; // MPxNode::Type
+    std::string classification;
+    std::string pluginName;
+    std::multimap<const Attribute*, const Attribute*> affects;
+
+    // Outputs the type computes on read (transform matrices, curve
+    // outputs); returns nothing for plugs it doesn't compute.
+    Compute compute;
+
+    bool hasFn(MFn::Type type) const;
+    bool isA(const std::string& typeName) const;
+    // A static attribute by long or short name, at any depth.
+    AttributePtr findAttribute(const std::string& name) const;
+    void addAttribute(const AttributePtr& attribute) { attributes.push_back(attribute); }
+};
+
+using NodeTypePtr = std::shared_ptr<NodeType>;
+
+// A new type deriving from base (null for the root "node" type).
+NodeTypePtr makeNodeType(const std::string& name, const NodeTypePtr& base, MFn::Type apiType, unsigned int typeId = 0);
+
+// Registers Maya's built-in types once; lookups call it first.
+void ensureBuiltinNodeTypes();
+
+NodeTypePtr findNodeType(const std::string& name);
+NodeTypePtr findNodeType(unsigned int typeId);
+void registerNodeType(const NodeTypePtr& type);
+void deregisterNodeType(const NodeTypePtr& type);
+
+// The plug-in type whose initialize function is running (MPxNode::addAttribute
+// adds to it); null otherwise.
+NodeTypePtr& typeBeingInitialized();
+
+// The type for a node type name mayasim doesn't know: a generic node
+// that keeps whatever attributes it is given. One per name.
+NodeTypePtr unknownNodeType(const std::string& name);
+
+} // namespace mayasim

@@ -1,0 +1,283 @@
+#include "scene/Scene.h"
+
+#include <algorithm>
+#include <cctype>
+
+namespace mayasim::scene {
+
+namespace {
+
+struct State
+{
+    std::vector<NodePtr> nodes;
+    std::vector<NodePtr> world;
+};
+
+State& state()
+{
+    static State instance;
+    return instance;
+}
+
+std::vector<NodePtr>& siblingsOf(const NodePtr& parent)
+{
+    return parent ? parent->children : state().world;
+}
+
+void insertAt(std::vector<NodePtr>& list, const NodePtr& node, int position)
+{
+    if (position < 0 || position > static_cast<int>(list.size()))
+        list.push_back(node);
+    else
+        list.insert(list.begin() + position, node);
+}
+
+void eraseFrom(std::vector<NodePtr>& list, const NodePtr& node)
+{
+    list.erase(std::remove(list.begin(), list.end(), node), list.end());
+}
+
+// The names from the top of the DAG down to the node.
+std::vector<std::string> pathParts(const Node& node)
+{
+    std::vector<std::string> parts{node.name};
+    for (NodePtr p = node.parentNode(); p; p = p->parentNode())
+        parts.push_back(p->name);
+    std::reverse(parts.begin(), parts.end());
+    return parts;
+}
+
+std::vector<std::string> split(const std::string& text, char separator)
+{
+    std::vector<std::string> parts;
+    size_t start = 0;
+    for (;;)
+    {
+        size_t end = text.find(separator, start);
+        parts.push_back(text.substr(start, end - start));
+        if (end == std::string::npos)
+            return parts;
+        start = end + 1;
+    }
+}
+
+bool matchesParts(const std::vector<std::string>& pattern, bool absolute, const std::vector<std::string>& path)
+{
+    if (pattern.size() > path.size() || (absolute && pattern.size() != path.size()))
+        return false;
+    const size_t offset = path.size() - pattern.size();
+    for (size_t i = 0; i < pattern.size(); ++i)
+        if (!wildcardMatch(pattern[i], path[offset + i]))
+            return false;
+    return true;
+}
+
+} // namespace
+
+const std::vector<NodePtr>& nodes()
+{
+    return state().nodes;
+}
+
+const std::vector<NodePtr>& worldChildren()
+{
+    return state().world;
+}
+
+const std::vector<NodePtr>& childrenOf(const Node* parent)
+{
+    return parent ? parent->children : state().world;
+}
+
+void insertNode(const NodePtr& node, const NodePtr& parent, int position)
+{
+    auto& all = state().nodes;
+    auto at = std::upper_bound(all.begin(), all.end(), node,
+                               [](const NodePtr& a, const NodePtr& b) { return a->serial < b->serial; });
+    all.insert(at, node);
+    if (node->isDag())
+    {
+        node->parent = parent;
+        insertAt(siblingsOf(parent), node, position);
+    }
+}
+
+void removeNode(const NodePtr& node)
+{
+    eraseFrom(state().nodes, node);
+    if (node->isDag())
+        eraseFrom(siblingsOf(node->parentNode()), node);
+}
+
+void setParent(const NodePtr& node, const NodePtr& parent, int position)
+{
+    eraseFrom(siblingsOf(node->parentNode()), node);
+    node->parent = parent;
+    insertAt(siblingsOf(parent), node, position);
+}
+
+int childPosition(const Node& node)
+{
+    const auto& siblings = childrenOf(node.parentNode().get());
+    for (size_t i = 0; i < siblings.size(); ++i)
+        if (siblings[i].get() == &node)
+            return static_cast<int>(i);
+    return -1;
+}
+
+void clear()
+{
+    state().nodes.clear();
+    state().world.clear();
+}
+
+NodePtr findByUuid(const MUuid& uuid)
+{
+    for (const auto& node : state().nodes)
+        if (node->uuid == uuid)
+            return node;
+    return nullptr;
+}
+
+bool hasWildcards(const std::string& pattern)
+{
+    return pattern.find_first_of("*?") != std::string::npos;
+}
+
+bool wildcardMatch(const std::string& pattern, const std::string& text)
+{
+    // Iterative glob: remember the last '*' to backtrack to.
+    size_t p = 0, t = 0, star = std::string::npos, mark = 0;
+    while (t < text.size())
+    {
+        if (p < pattern.size() && (pattern[p] == '?' || pattern[p] == text[t]))
+        {
+            ++p;
+            ++t;
+        }
+        else if (p < pattern.size() && pattern[p] == '*')
+        {
+            star = p++;
+            mark = t;
+        }
+        else if (star != std::string::npos)
+        {
+            p = star + 1;
+            t = ++mark;
+        }
+        else
+            return false;
+    }
+    while (p < pattern.size() && pattern[p] == '*')
+        ++p;
+    return p == pattern.size();
+}
+
+std::vector<NodePtr> match(const std::string& pattern)
+{
+    if (pattern.empty())
+        return {};
+    const bool absolute = pattern[0] == '|';
+    const std::vector<std::string> parts = split(absolute ? pattern.substr(1) : pattern, '|');
+    std::vector<NodePtr> result;
+    for (const auto& node : state().nodes)
+    {
+        if (!node->isDag())
+        {
+            if (parts.size() == 1 && !absolute && wildcardMatch(parts[0], node->name))
+                result.push_back(node);
+            continue;
+        }
+        if (matchesParts(parts, absolute, pathParts(*node)))
+            result.push_back(node);
+    }
+    return result;
+}
+
+NodePtr find(const std::string& nameOrPath)
+{
+    if (hasWildcards(nameOrPath))
+        return nullptr;
+    std::vector<NodePtr> found = match(nameOrPath);
+    return found.size() == 1 ? found.front() : nullptr;
+}
+
+std::string fullPathName(const Node& node)
+{
+    if (!node.isDag())
+        return node.name;
+    std::string path;
+    for (const auto& part : pathParts(node))
+        path += "|" + part;
+    return path;
+}
+
+std::string partialPathName(const Node& node)
+{
+    if (!node.isDag())
+        return node.name;
+    const std::vector<std::string> parts = pathParts(node);
+    for (size_t count = 1; count <= parts.size(); ++count)
+    {
+        std::vector<std::string> tail(parts.end() - static_cast<long>(count), parts.end());
+        size_t matches = 0;
+        for (const auto& other : state().nodes)
+            if (other->isDag() && matchesParts(tail, false, pathParts(*other)))
+                ++matches;
+        if (matches == 1)
+        {
+            std::string path = tail.front();
+            for (size_t i = 1; i < tail.size(); ++i)
+                path += "|" + tail[i];
+            return path;
+        }
+    }
+    return fullPathName(node);
+}
+
+bool nameTaken(const std::string& name, const Node* node, const Node* parent)
+{
+    const bool dag = node ? node->isDag() : false;
+    for (const auto& other : state().nodes)
+    {
+        if (other.get() == node || other->name != name)
+            continue;
+        if (!other->isDag() || !dag)
+            return true;
+        if (other->parentNode().get() == parent)
+            return true;
+    }
+    return false;
+}
+
+std::string uniqueName(const std::string& wanted, const Node* node, const Node* parent)
+{
+    if (!nameTaken(wanted, node, parent))
+        return wanted;
+    size_t digits = wanted.size();
+    while (digits > 0 && std::isdigit(static_cast<unsigned char>(wanted[digits - 1])))
+        --digits;
+    const std::string base = wanted.substr(0, digits);
+    long number = digits < wanted.size() ? std::stol(wanted.substr(digits)) + 1 : 1;
+    for (;; ++number)
+    {
+        std::string candidate = base + std::to_string(number);
+        if (!nameTaken(candidate, node, parent))
+            return candidate;
+    }
+}
+
+std::string defaultName(const std::string& typeName, const Node* parent)
+{
+    // Maya numbers default names from 1 and reuses the lowest free number.
+    // A DAG default name must not clash with any node, anywhere.
+    for (long number = 1;; ++number)
+    {
+        std::string candidate = typeName + std::to_string(number);
+        if (!nameTaken(candidate, nullptr, parent))
+            return candidate;
+    }
+}
+
+} // namespace mayasim::scene
+

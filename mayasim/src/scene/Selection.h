@@ -1,0 +1,46 @@
+#pragma once
+// The active selection list and the resolution of selection strings:
+// object names and paths (with * and ? wildcards), plugs ("a.tx"),
+// components kept as text ("pCube1.vtx[0:3]", "curve1[2]") and UUIDs.
+#include "scene/Edits.h"
+#include "scene/Node.h"
+
+#include <maya/MDagPath.h>
+#include <maya/MSelectionList.h>
+
+#include <string>
+#include <vector>
+
+namespace mayasim {
+
+struct DagPathAccess
+{
+    static std::vector<MObject>& nodes(MDagPath& path) { return path.fNodes; }
+    static const std::vector<MObject>& nodes(const MDagPath& path) { return path.fNodes; }
+};
+
+// The DAG path from the top of the hierarchy down to a node.
+MDagPath pathTo(const Node& node);
+
+namespace selection {
+
+const MSelectionList& active();
+// Replaces the active list and fires the selection messages.
+void setActive(const MSelectionList& list);
+// Replaces the active list as the select command does: undoably.
+void select(EditList& edits, const MSelectionList& list);
+// The active list after a MGlobal::ListAdjustment of it with `list`.
+MSelectionList adjusted(const MSelectionList& list, int adjustment);
+// Drops a node that is going away from the active list.
+void forget(const Node& node);
+
+// The items a selection string names; empty when it names nothing.
+std::vector<SelectionItem> resolve(const std::string& text);
+SelectionItem itemFor(const Node& node);
+// The text getSelectionStrings gives for an item.
+std::string text(const SelectionItem& item);
+bool sameItem(const SelectionItem& a, const SelectionItem& b);
+
+} // namespace selection
+
+} // namespace mayasim
