@@ -1,10 +1,28 @@
 #include <maya/MFloatMatrix.h>
 
+#include <maya/MMatrix.h>
+
 #include "MatrixMath.h"
 
 #include <ostream>
 
 using namespace mayasim;
+
+// The float matrix follows MMatrix's rules; it computes through MMatrix.
+
+namespace {
+
+MMatrix wide(const MFloatMatrix& m)
+{
+    return MMatrix(m.matrix);
+}
+
+MFloatMatrix narrow(const MMatrix& m)
+{
+    return MFloatMatrix(m.matrix);
+}
+
+} // namespace
 
 MFloatMatrix::MFloatMatrix()
 {
@@ -33,136 +51,42 @@ MFloatMatrix& MFloatMatrix::operator=(const MFloatMatrix&) = default;
 
 MStatus MFloatMatrix::get(double dest[4][4]) const
 {
-    for (int r = 0; r < 4; ++r)
-        for (int c = 0; c < 4; ++c)
-            dest[r][c] = matrix[r][c];
-    return MS::kSuccess;
+    return wide(*this).get(dest);
 }
 
 MStatus MFloatMatrix::get(float dest[4][4]) const
 {
-    for (int r = 0; r < 4; ++r)
-        for (int c = 0; c < 4; ++c)
-            dest[r][c] = matrix[r][c];
-    return MS::kSuccess;
+    return wide(*this).get(dest);
 }
 
-MFloatMatrix MFloatMatrix::transpose() const
-{
-    MFloatMatrix result;
-    for (int r = 0; r < 4; ++r)
-        for (int c = 0; c < 4; ++c)
-            result.matrix[c][r] = matrix[r][c];
-    return result;
-}
-
-MFloatMatrix& MFloatMatrix::setToIdentity()
-{
-    math::setIdentity(matrix);
-    return *this;
-}
+MFloatMatrix MFloatMatrix::transpose() const { return narrow(wide(*this).transpose()); }
+MFloatMatrix& MFloatMatrix::setToIdentity() { return *this = MFloatMatrix(); }
 
 MFloatMatrix& MFloatMatrix::setToProduct(const MFloatMatrix& left, const MFloatMatrix& right)
 {
-    math::multiply(left.matrix, right.matrix, matrix);
-    return *this;
+    return *this = narrow(wide(left) * wide(right));
 }
 
-MFloatMatrix& MFloatMatrix::operator+=(const MFloatMatrix& right)
-{
-    for (int r = 0; r < 4; ++r)
-        for (int c = 0; c < 4; ++c)
-            matrix[r][c] += right.matrix[r][c];
-    return *this;
-}
-
-MFloatMatrix MFloatMatrix::operator+(const MFloatMatrix& right) const
-{
-    return MFloatMatrix(*this) += right;
-}
-
-MFloatMatrix& MFloatMatrix::operator-=(const MFloatMatrix& right)
-{
-    return *this += right * -1.0F;
-}
-
-MFloatMatrix MFloatMatrix::operator-(const MFloatMatrix& right) const
-{
-    return MFloatMatrix(*this) -= right;
-}
-
-MFloatMatrix& MFloatMatrix::operator*=(const MFloatMatrix& right)
-{
-    return setToProduct(*this, right);
-}
-
-MFloatMatrix MFloatMatrix::operator*(const MFloatMatrix& right) const
-{
-    return MFloatMatrix().setToProduct(*this, right);
-}
-
-MFloatMatrix& MFloatMatrix::operator*=(float scale)
-{
-    for (auto& row : matrix)
-        for (float& value : row)
-            value *= scale;
-    return *this;
-}
-
-MFloatMatrix MFloatMatrix::operator*(float scale) const
-{
-    return MFloatMatrix(*this) *= scale;
-}
-
-MFloatMatrix operator*(float scale, const MFloatMatrix& right)
-{
-    return right * scale;
-}
-
-bool MFloatMatrix::operator==(const MFloatMatrix& other) const
-{
-    return math::equivalent(matrix, other.matrix, 0.0F);
-}
-
-bool MFloatMatrix::operator!=(const MFloatMatrix& other) const
-{
-    return !(*this == other);
-}
-
-MFloatMatrix MFloatMatrix::inverse() const
-{
-    MFloatMatrix result;
-    math::invert(matrix, result.matrix);
-    return result;
-}
-
-MFloatMatrix MFloatMatrix::adjoint() const
-{
-    MFloatMatrix result;
-    math::adjoint(matrix, result.matrix);
-    return result;
-}
-
-MFloatMatrix MFloatMatrix::homogenize() const
-{
-    MFloatMatrix result;
-    math::homogenize(matrix, result.matrix);
-    return result;
-}
-
-float MFloatMatrix::det4x4() const
-{
-    return math::determinant4(matrix);
-}
-
-float MFloatMatrix::det3x3() const
-{
-    return math::determinant3(matrix);
-}
+MFloatMatrix& MFloatMatrix::operator+=(const MFloatMatrix& right) { return *this = *this + right; }
+MFloatMatrix MFloatMatrix::operator+(const MFloatMatrix& right) const { return narrow(wide(*this) + wide(right)); }
+MFloatMatrix& MFloatMatrix::operator-=(const MFloatMatrix& right) { return *this = *this - right; }
+MFloatMatrix MFloatMatrix::operator-(const MFloatMatrix& right) const { return narrow(wide(*this) - wide(right)); }
+MFloatMatrix& MFloatMatrix::operator*=(const MFloatMatrix& right) { return setToProduct(*this, right); }
+MFloatMatrix MFloatMatrix::operator*(const MFloatMatrix& right) const { return MFloatMatrix().setToProduct(*this, right); }
+MFloatMatrix& MFloatMatrix::operator*=(float scale) { return *this = *this * scale; }
+MFloatMatrix MFloatMatrix::operator*(float scale) const { return narrow(wide(*this) * double(scale)); }
+MFloatMatrix operator*(float scale, const MFloatMatrix& right) { return right * scale; }
+bool MFloatMatrix::operator==(const MFloatMatrix& other) const { return wide(*this) == wide(other); }
+bool MFloatMatrix::operator!=(const MFloatMatrix& other) const { return !(*this == other); }
+MFloatMatrix MFloatMatrix::inverse() const { return narrow(wide(*this).inverse()); }
+MFloatMatrix MFloatMatrix::adjoint() const { return narrow(wide(*this).adjoint()); }
+MFloatMatrix MFloatMatrix::homogenize() const { return narrow(wide(*this).homogenize()); }
+float MFloatMatrix::det4x4() const { return float(wide(*this).det4x4()); }
+float MFloatMatrix::det3x3() const { return float(wide(*this).det3x3()); }
 
 bool MFloatMatrix::isEquivalent(const MFloatMatrix& other, float tolerance) const
 {
-    return math::equivalent(matrix, other.matrix, tolerance);
+    return wide(*this).isEquivalent(wide(other), tolerance);
 }
 
 const char* MFloatMatrix::className()
@@ -172,5 +96,5 @@ const char* MFloatMatrix::className()
 
 std::ostream& operator<<(std::ostream& os, const MFloatMatrix& m)
 {
-    return os << math::matrixText(m.matrix);
+    return os << wide(m);
 }

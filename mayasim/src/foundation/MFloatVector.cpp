@@ -2,15 +2,13 @@
 
 #include <maya/MFloatMatrix.h>
 #include <maya/MFloatPoint.h>
+#include <maya/MMatrix.h>
 #include <maya/MPoint.h>
 #include <maya/MVector.h>
 
-#include "MatrixMath.h"
-
-#include <cmath>
 #include <ostream>
 
-using namespace mayasim;
+// The float vector follows MVector's rules; it computes through MVector.
 
 const MFloatVector MFloatVector::zero(0.0F, 0.0F, 0.0F);
 const MFloatVector MFloatVector::one(1.0F, 1.0F, 1.0F);
@@ -52,43 +50,17 @@ float& MFloatVector::operator[](unsigned int i)
     return i == 0 ? x : i == 1 ? y : z;
 }
 
-MFloatVector MFloatVector::operator^(const MFloatVector& r) const
-{
-    return MFloatVector(y * r.z - z * r.y, z * r.x - x * r.z, x * r.y - y * r.x);
-}
-
-float MFloatVector::operator*(const MFloatVector& r) const
-{
-    return x * r.x + y * r.y + z * r.z;
-}
-
-MFloatVector& MFloatVector::operator/=(float scalar)
-{
-    x /= scalar;
-    y /= scalar;
-    z /= scalar;
-    return *this;
-}
-
-MFloatVector MFloatVector::operator/(float scalar) const
-{
-    return MFloatVector(*this) /= scalar;
-}
-
-MFloatVector& MFloatVector::operator*=(double scalar)
-{
-    x = float(x * scalar);
-    y = float(y * scalar);
-    z = float(z * scalar);
-    return *this;
-}
-
+MFloatVector MFloatVector::operator^(const MFloatVector& r) const { return MFloatVector(MVector(*this) ^ MVector(r)); }
+float MFloatVector::operator*(const MFloatVector& r) const { return float(MVector(*this) * MVector(r)); }
+MFloatVector& MFloatVector::operator/=(float scalar) { return *this = *this / scalar; }
+MFloatVector MFloatVector::operator/(float scalar) const { return MFloatVector(MVector(*this) / double(scalar)); }
+MFloatVector& MFloatVector::operator*=(double scalar) { return *this = *this * scalar; }
 MFloatVector& MFloatVector::operator*=(int scalar) { return *this *= double(scalar); }
 MFloatVector& MFloatVector::operator*=(short scalar) { return *this *= double(scalar); }
 MFloatVector& MFloatVector::operator*=(unsigned int scalar) { return *this *= double(scalar); }
 MFloatVector& MFloatVector::operator*=(unsigned short scalar) { return *this *= double(scalar); }
 MFloatVector& MFloatVector::operator*=(float scalar) { return *this *= double(scalar); }
-MFloatVector MFloatVector::operator*(double scalar) const { return MFloatVector(*this) *= scalar; }
+MFloatVector MFloatVector::operator*(double scalar) const { return MFloatVector(MVector(*this) * scalar); }
 MFloatVector MFloatVector::operator*(int scalar) const { return *this * double(scalar); }
 MFloatVector MFloatVector::operator*(short scalar) const { return *this * double(scalar); }
 MFloatVector MFloatVector::operator*(unsigned int scalar) const { return *this * double(scalar); }
@@ -100,59 +72,16 @@ MFloatVector operator*(unsigned int s, const MFloatVector& v) { return v * doubl
 MFloatVector operator*(unsigned short s, const MFloatVector& v) { return v * double(s); }
 MFloatVector operator*(float s, const MFloatVector& v) { return v * double(s); }
 MFloatVector operator*(double s, const MFloatVector& v) { return v * s; }
-
-MFloatVector MFloatVector::operator+(const MFloatVector& other) const
-{
-    return MFloatVector(x + other.x, y + other.y, z + other.z);
-}
-
-MFloatVector& MFloatVector::operator+=(const MFloatVector& other)
-{
-    return *this = *this + other;
-}
-
-MFloatVector MFloatVector::operator-() const
-{
-    return MFloatVector(-x, -y, -z);
-}
-
-MFloatVector& MFloatVector::operator-=(const MFloatVector& other)
-{
-    return *this = *this - other;
-}
-
-MFloatVector MFloatVector::operator-(const MFloatVector& other) const
-{
-    return MFloatVector(x - other.x, y - other.y, z - other.z);
-}
-
-MFloatVector MFloatVector::operator*(const MFloatMatrix& m) const
-{
-    const float in[4] = {x, y, z, 0.0F};
-    float out[4];
-    math::transformRow(in, m.matrix, out);
-    return MFloatVector(out);
-}
-
-MFloatVector& MFloatVector::operator*=(const MFloatMatrix& m)
-{
-    return *this = *this * m;
-}
-
-MFloatVector operator*(const MFloatMatrix& m, const MFloatVector& v)
-{
-    return v * m.transpose();
-}
-
-bool MFloatVector::operator!=(const MFloatVector& other) const
-{
-    return !(*this == other);
-}
-
-bool MFloatVector::operator==(const MFloatVector& other) const
-{
-    return x == other.x && y == other.y && z == other.z;
-}
+MFloatVector MFloatVector::operator+(const MFloatVector& o) const { return MFloatVector(MVector(*this) + MVector(o)); }
+MFloatVector& MFloatVector::operator+=(const MFloatVector& other) { return *this = *this + other; }
+MFloatVector MFloatVector::operator-() const { return MFloatVector(-x, -y, -z); }
+MFloatVector& MFloatVector::operator-=(const MFloatVector& other) { return *this = *this - other; }
+MFloatVector MFloatVector::operator-(const MFloatVector& o) const { return MFloatVector(MVector(*this) - MVector(o)); }
+MFloatVector MFloatVector::operator*(const MFloatMatrix& m) const { return MFloatVector(MVector(*this) * MMatrix(m.matrix)); }
+MFloatVector& MFloatVector::operator*=(const MFloatMatrix& m) { return *this = *this * m; }
+MFloatVector operator*(const MFloatMatrix& m, const MFloatVector& v) { return MFloatVector(MMatrix(m.matrix) * MVector(v)); }
+bool MFloatVector::operator!=(const MFloatVector& other) const { return !(*this == other); }
+bool MFloatVector::operator==(const MFloatVector& o) const { return x == o.x && y == o.y && z == o.z; }
 
 MStatus MFloatVector::get(float f[3]) const
 {
@@ -162,42 +91,22 @@ MStatus MFloatVector::get(float f[3]) const
     return MS::kSuccess;
 }
 
-float MFloatVector::length() const
-{
-    return std::sqrt(*this * *this);
-}
-
-MFloatVector MFloatVector::normal() const
-{
-    MFloatVector result(*this);
-    result.normalize();
-    return result;
-}
-
-MStatus MFloatVector::normalize()
-{
-    const float len = length();
-    if (len > 0.0F)
-        *this /= len;
-    return MS::kSuccess;
-}
-
-float MFloatVector::angle(const MFloatVector& other) const
-{
-    return std::atan2((*this ^ other).length(), *this * other);
-}
+float MFloatVector::length() const { return float(MVector(*this).length()); }
+MFloatVector MFloatVector::normal() const { return MFloatVector(MVector(*this).normal()); }
+MStatus MFloatVector::normalize() { *this = normal(); return MS::kSuccess; }
+float MFloatVector::angle(const MFloatVector& other) const { return float(MVector(*this).angle(MVector(other))); }
 
 bool MFloatVector::isEquivalent(const MFloatVector& other, float tolerance) const
 {
-    return (*this - other).length() <= tolerance;
+    return MVector(*this).isEquivalent(MVector(other), tolerance);
 }
 
 bool MFloatVector::isParallel(const MFloatVector& other, float tolerance) const
 {
-    return (normal() ^ other.normal()).length() <= tolerance;
+    return MVector(*this).isParallel(MVector(other), tolerance);
 }
 
 std::ostream& operator<<(std::ostream& os, const MFloatVector& v)
 {
-    return os << math::listText({v.x, v.y, v.z});
+    return os << MVector(v);
 }

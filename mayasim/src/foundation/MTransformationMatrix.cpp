@@ -45,16 +45,21 @@ MMatrix translation(const MVector& v)
     return translation(t);
 }
 
-void store(double target[3], const MVector& v)
+// Copies one component when the space is valid; every valid space reads
+// the same for components that are not points.
+MStatus copyIn(double target[3], const double source[3], MSpace::Space space)
 {
-    target[0] = v.x;
-    target[1] = v.y;
-    target[2] = v.z;
+    if (!validSpace(space))
+        return MS::kInvalidParameter;
+    std::copy(source, source + 3, target);
+    return MS::kSuccess;
 }
 
-void copy3(double target[3], const double source[3])
+MStatus copyIn(double target[3], const MVector& source, MSpace::Space space)
 {
-    std::copy(source, source + 3, target);
+    double values[3];
+    source.get(values);
+    return copyIn(target, values, space);
 }
 
 // Scale and shear as one matrix: rows (sx 0 0), (sy*xy sy 0), (sz*xz sz*yz sz).
@@ -82,6 +87,31 @@ MTransformationMatrix::RotationOrder transformOrder(MEulerRotation::RotationOrde
 bool validOrder(MTransformationMatrix::RotationOrder order)
 {
     return order > MTransformationMatrix::kInvalid && order < MTransformationMatrix::kLast;
+}
+
+// Where a pivot point is, in the given space.
+MPoint pivotIn(const double pivot[3], MSpace::Space space, const MTransformationMatrix& tm)
+{
+    const MPoint point{MVector(pivot)};
+    return afterTransform(space) ? point * tm.asMatrix() : point;
+}
+
+// A pivot point given in some space, in the transformation's own space.
+MVector localPivot(const MPoint& point, MSpace::Space space, const MTransformationMatrix& tm)
+{
+    return afterTransform(space) ? MVector(point * tm.asMatrixInverse()) : MVector(point);
+}
+
+// Sets a pivot. Balancing moves its pivot translate so that the matrix stays
+// as it was: the block [-P] * L * [P] adds P * (I - L) to the translation.
+void movePivot(double pivot[3], double pivotTranslate[3], const MVector& to, const MMatrix& linear, bool balance)
+{
+    if (balance)
+    {
+        const MVector shift = MVector(pivot) - to;
+        (MVector(pivotTranslate) + shift - shift * linear).get(pivotTranslate);
+    }
+    to.get(pivot);
 }
 
 } // namespace
@@ -166,18 +196,12 @@ MMatrix MTransformationMatrix::asRotateMatrix() const
 
 MStatus MTransformationMatrix::getScale(double scale[3], MSpace::Space space) const
 {
-    if (!validSpace(space))
-        return MS::kInvalidParameter;
-    copy3(scale, fScale);
-    return MS::kSuccess;
+    return copyIn(scale, fScale, space);
 }
 
 MStatus MTransformationMatrix::setScale(const double scale[3], MSpace::Space space)
 {
-    if (!validSpace(space))
-        return MS::kInvalidParameter;
-    copy3(fScale, scale);
-    return MS::kSuccess;
+    return copyIn(fScale, scale, space);
 }
 
 MQuaternion MTransformationMatrix::rotation() const
@@ -224,7 +248,7 @@ MStatus MTransformationMatrix::setRotationQuaternion(double x, double y, double 
 
 MStatus MTransformationMatrix::getRotation(double rotation[3], RotationOrder& order) const
 {
-    copy3(rotation, fRotate);
+    std::copy(fRotate, fRotate + 3, rotation);
     order = fRotateOrder;
     return MS::kSuccess;
 }
@@ -233,7 +257,7 @@ MStatus MTransformationMatrix::setRotation(const double rotation[3], RotationOrd
 {
     if (!validOrder(order))
         return MS::kInvalidParameter;
-    copy3(fRotate, rotation);
+    std::copy(rotation, rotation + 3, fRotate);
     fRotateOrder = order;
     return MS::kSuccess;
 }
@@ -273,10 +297,7 @@ MVector MTransformationMatrix::getTranslation(MSpace::Space space, MStatus* Retu
 
 MStatus MTransformationMatrix::setTranslation(const MVector& vector, MSpace::Space space)
 {
-    if (!validSpace(space))
-        return MS::kInvalidParameter;
-    store(fTranslate, vector);
-    return MS::kSuccess;
+    return copyIn(fTranslate, vector, space);
 }
 
 MStatus MTransformationMatrix::addTranslation(const MVector& vector, MSpace::Space space)
@@ -286,18 +307,12 @@ MStatus MTransformationMatrix::addTranslation(const MVector& vector, MSpace::Spa
 
 MStatus MTransformationMatrix::setShear(const double shear[3], MSpace::Space space)
 {
-    if (!validSpace(space))
-        return MS::kInvalidParameter;
-    copy3(fShear, shear);
-    return MS::kSuccess;
+    return copyIn(fShear, shear, space);
 }
 
 MStatus MTransformationMatrix::getShear(double shear[3], MSpace::Space space) const
 {
-    if (!validSpace(space))
-        return MS::kInvalidParameter;
-    copy3(shear, fShear);
-    return MS::kSuccess;
+    return copyIn(shear, fShear, space);
 }
 
 // Pivots are points of the object; after the transformation they sit
@@ -305,23 +320,14 @@ MStatus MTransformationMatrix::getShear(double shear[3], MSpace::Space space) co
 MPoint MTransformationMatrix::scalePivot(MSpace::Space space, MStatus* ReturnStatus) const
 {
     spaceStatus(space, ReturnStatus);
-    const MPoint pivot{MVector(fScalePivot)};
-    return afterTransform(space) ? pivot * asMatrix() : pivot;
+    return pivotIn(fScalePivot, space, *this);
 }
 
-// Balancing moves the scale pivot translate so the matrix stays as it was:
-// the scale block adds sp * (I - S * Sh) to the translation.
 MStatus MTransformationMatrix::setScalePivot(const MPoint& point, MSpace::Space space, bool balance)
 {
     if (!validSpace(space))
         return MS::kInvalidParameter;
-    const MVector pivot = afterTransform(space) ? MVector(point * asMatrixInverse()) : MVector(point);
-    if (balance)
-    {
-        const MVector shift = MVector(fScalePivot) - pivot;
-        store(fScalePivotTranslate, MVector(fScalePivotTranslate) + shift - shift * scaleShear(fScale, fShear));
-    }
-    store(fScalePivot, pivot);
+    movePivot(fScalePivot, fScalePivotTranslate, localPivot(point, space, *this), scaleShear(fScale, fShear), balance);
     return MS::kSuccess;
 }
 
@@ -333,33 +339,21 @@ MVector MTransformationMatrix::scalePivotTranslation(MSpace::Space space, MStatu
 
 MStatus MTransformationMatrix::setScalePivotTranslation(const MVector& vector, MSpace::Space space)
 {
-    if (!validSpace(space))
-        return MS::kInvalidParameter;
-    store(fScalePivotTranslate, vector);
-    return MS::kSuccess;
+    return copyIn(fScalePivotTranslate, vector, space);
 }
 
 MPoint MTransformationMatrix::rotatePivot(MSpace::Space space, MStatus* ReturnStatus) const
 {
     spaceStatus(space, ReturnStatus);
-    const MPoint pivot{MVector(fRotatePivot)};
-    return afterTransform(space) ? pivot * asMatrix() : pivot;
+    return pivotIn(fRotatePivot, space, *this);
 }
 
-// Balancing moves the rotate pivot translate so the matrix stays as it was:
-// the rotate block adds rp * (I - Ro * R) to the translation.
 MStatus MTransformationMatrix::setRotatePivot(const MPoint& point, MSpace::Space space, bool balance)
 {
     if (!validSpace(space))
         return MS::kInvalidParameter;
-    const MVector pivot = afterTransform(space) ? MVector(point * asMatrixInverse()) : MVector(point);
-    if (balance)
-    {
-        const MVector shift = MVector(fRotatePivot) - pivot;
-        const MMatrix turn = rotationOrientation().asMatrix() * eulerRotation().asMatrix();
-        store(fRotatePivotTranslate, MVector(fRotatePivotTranslate) + shift - shift * turn);
-    }
-    store(fRotatePivot, pivot);
+    const MMatrix turn = rotationOrientation().asMatrix() * eulerRotation().asMatrix();
+    movePivot(fRotatePivot, fRotatePivotTranslate, localPivot(point, space, *this), turn, balance);
     return MS::kSuccess;
 }
 
@@ -371,10 +365,7 @@ MVector MTransformationMatrix::rotatePivotTranslation(MSpace::Space space, MStat
 
 MStatus MTransformationMatrix::setRotatePivotTranslation(const MVector& vector, MSpace::Space space)
 {
-    if (!validSpace(space))
-        return MS::kInvalidParameter;
-    store(fRotatePivotTranslate, vector);
-    return MS::kSuccess;
+    return copyIn(fRotatePivotTranslate, vector, space);
 }
 
 bool MTransformationMatrix::isEquivalent(const MTransformationMatrix& other, double tolerance) const
