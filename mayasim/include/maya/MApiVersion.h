@@ -3,7 +3,8 @@
 // module without it. Only one source file of a plug-in may emit these.
 #include <maya/MTypes.h>
 
-#ifndef MNoVersionString
+// mayasim's own sources (built with mayasim_EXPORTS) are no plug-in.
+#if !defined(MNoVersionString) && !defined(mayasim_EXPORTS)
 #define MAYASIM_VERSION_TEXT(version) #version
 #define MAYASIM_VERSION_STRING(version) MAYASIM_VERSION_TEXT(version)
 extern "C" {

@@ -9,17 +9,18 @@ std::string withoutDash(const std::string& name)
     return !name.empty() && name[0] == '-' ? name.substr(1) : name;
 }
 
+// "Flag 'x' must be passed <this> argument"
 const char* typeName(MSyntax::MArgType type)
 {
     switch (type) {
-    case MSyntax::kBoolean: return "boolean";
-    case MSyntax::kLong: return "int";
-    case MSyntax::kUnsigned: return "unsigned int";
+    case MSyntax::kBoolean: return "a boolean";
+    case MSyntax::kLong: return "an int";
+    case MSyntax::kUnsigned: return "an unsigned int";
     case MSyntax::kDouble:
     case MSyntax::kDistance:
     case MSyntax::kAngle:
-    case MSyntax::kTime: return "float";
-    default: return "string";
+    case MSyntax::kTime: return "a float";
+    default: return "a string";
     }
 }
 
@@ -64,7 +65,7 @@ void checkArgument(const Word& word, MSyntax::MArgType type, const std::string& 
         default: break;
         }
     } catch (const MelError&) {
-        throw MelError("Flag '" + flagName + "' must be passed a " + typeName(type) + " argument");
+        throw MelError("Flag '" + flagName + "' must be passed " + typeName(type) + " argument");
     }
 }
 
@@ -106,7 +107,7 @@ ParsedCall parseCall(const SyntaxSpec& syntax, const std::vector<Word>& words)
             count = available;
         }
         if (at + count >= words.size())
-            throw MelError("Flag '" + withoutDash(word.text) + "' must be passed a " + typeName(flag.arguments[0]) +
+            throw MelError("Flag '" + withoutDash(word.text) + "' must be passed " + typeName(flag.arguments[0]) +
                            " argument");
         FlagUse use;
         use.flag = index;

@@ -22,6 +22,12 @@ bool isSpace(char c)
     return std::isspace(static_cast<unsigned char>(c)) != 0;
 }
 
+// Node, plug and path names never hold these, so they end an unquoted word.
+bool endsBareWord(char c)
+{
+    return isSpace(c) || c == ';' || c == '`' || c == '}' || c == '"' || c == '(' || c == ')';
+}
+
 bool isTypeName(const std::string& word)
 {
     return word == "string" || word == "int" || word == "float";
@@ -287,9 +293,10 @@ private:
                 arg.kind = CommandArg::Kind::Value;
                 arg.value = primary();
             } else {
-                while (!atEnd() && !isSpace(peek()) && peek() != ';' && peek() != '`' && peek() != '}' &&
-                       peek() != '"')
+                while (!atEnd() && !endsBareWord(peek()))
                     arg.text += advance();
+                if (arg.text.empty())
+                    fail(); // a stray ')' or the like
             }
             call->args.push_back(std::move(arg));
         }

@@ -1,5 +1,4 @@
 // MFnPlugin's command side; PluginNodes.cpp holds the node registration.
-#define MNoVersionString
 #include <maya/MFnPlugin.h>
 #include <maya/MSyntax.h>
 
