@@ -1,5 +1,98 @@
-// mayasim-batch: runs scenes and MEL without a UI.
-int main()
+// mayasim-batch: Maya's batch mode on mayasim. Loads plug-ins and a scene,
+// runs MEL, saves, and prints what Maya's script editor would show.
+#include <maya/MFileIO.h>
+#include <maya/MGlobal.h>
+#include <maya/MLibrary.h>
+#include <mayasim/Host.h>
+#include <mayasim/Script.h>
+
+#include <iostream>
+#include <string>
+#include <vector>
+
+namespace {
+
+const char* const kUsage =
+    "usage: mayasim-batch [-file scene.ma] [-plugin path]... [-command \"MEL\"]... [-script file.mel] "
+    "[-save out.ma]\n";
+
+struct Options
 {
-    return 0;
+    std::string file;
+    std::vector<std::string> plugins;
+    // -command and -script, in the order given: {is a script, text or path}
+    std::vector<std::pair<bool, std::string>> steps;
+    std::string save;
+};
+
+bool parse(int argc, char** argv, Options& options)
+{
+    for (int i = 1; i < argc; ++i)
+    {
+        const std::string flag = argv[i];
+        if (i + 1 >= argc)
+            return false;
+        const std::string value = argv[++i];
+        if (flag == "-file" && options.file.empty())
+            options.file = value;
+        else if (flag == "-plugin")
+            options.plugins.push_back(value);
+        else if (flag == "-command")
+            options.steps.emplace_back(false, value);
+        else if (flag == "-script")
+            options.steps.emplace_back(true, value);
+        else if (flag == "-save" && options.save.empty())
+            options.save = value;
+        else
+            return false;
+    }
+    return true;
+}
+
+// MEL text in a string literal.
+std::string melString(const std::string& text)
+{
+    std::string result = "\"";
+    for (char c : text)
+    {
+        if (c == '"' || c == '\\')
+            result += '\\';
+        result += c;
+    }
+    return result + "\"";
+}
+
+int run(const Options& options)
+{
+    bool ok = true;
+    for (const std::string& plugin : options.plugins)
+        ok = MGlobal::executeCommand(("loadPlugin " + melString(plugin)).c_str(), true, false) && ok;
+    if (!options.file.empty() && !MFileIO::open(options.file.c_str(), nullptr, true))
+        ok = false;
+    for (const auto& [isScript, text] : options.steps)
+        ok = (isScript ? mayasim::host::runScript(text) : MGlobal::executeCommand(text.c_str(), true, false)) && ok;
+    if (!options.save.empty() && !MFileIO::saveAs(options.save.c_str(), "mayaAscii", true))
+        ok = false;
+    return ok ? 0 : 1;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    Options options;
+    if (argc < 2 || !parse(argc, argv, options))
+    {
+        std::cerr << kUsage;
+        return 2;
+    }
+    if (!MLibrary::initialize(true, argv[0], true))
+    {
+        std::cerr << "mayasim-batch: initialisation failed\n";
+        return 1;
+    }
+    mayasim::host::setEchoOutput(true);
+    const int status = run(options);
+    MLibrary::cleanup(status, false);
+    return status;
 }

@@ -1,7 +1,8 @@
 #include "engine/Callbacks.h"
 
+#include "scene/Node.h"
+
 #include <maya/MDagPath.h>
-#include <maya/MFnDependencyNode.h>
 #include <maya/MObject.h>
 #include <maya/MTime.h>
 
@@ -18,11 +19,8 @@ NodeRef nodeRef(const MObject& node)
 
 bool nodeIsOfType(const MObject& node, const std::string& typeName)
 {
-    if (typeName == "dependNode")
-        return true;
-    if (typeName == "dagNode")
-        return node.hasFn(MFn::kDagNode);
-    return MFnDependencyNode(node).typeName() == typeName.c_str();
+    const Node* sceneNode = nodeObject(node);
+    return sceneNode && (typeName == "dependNode" || sceneNode->type()->isA(typeName));
 }
 
 namespace {

@@ -1,6 +1,7 @@
 #include "engine/Events.h"
 
 #include "engine/Callbacks.h"
+#include "file/SceneFile.h"
 
 #include <maya/MDGMessage.h>
 #include <maya/MDagMessage.h>
@@ -27,6 +28,12 @@ void fireOnNode(Channel channel, const MObject& node, const std::function<void(c
     callbacks::fire(channel, [identity](const Callback& c) { return c.node == identity; }, call);
 }
 
+// Every change of the scene passes through here: the document is modified.
+void sceneChanged()
+{
+    file::setModified(true);
+}
+
 } // namespace
 
 void fireEvent(const std::string& name)
@@ -41,6 +48,19 @@ void fireSceneMessage(int message)
     callbacks::fire(
         Channel::Scene, [message](const Callback& c) { return c.message == message; },
         [](const Callback& c) { c.as<MMessage::MBasicFunction>()(c.clientData); });
+}
+
+bool fireSceneCheck(int message)
+{
+    bool proceed = true;
+    callbacks::fire(
+        Channel::SceneCheck, [message](const Callback& c) { return c.message == message; },
+        [&proceed](const Callback& c) {
+            bool retCode = true;
+            c.as<MMessage::MCheckFunction>()(&retCode, c.clientData);
+            proceed = proceed && retCode;
+        });
+    return proceed;
 }
 
 void fireConditionChanged(const std::string& name, bool state)
@@ -69,6 +89,7 @@ void fireTimeChanged(const MTime& time)
 
 void fireNodeAdded(MObject& node)
 {
+    sceneChanged();
     callbacks::fire(
         Channel::NodeAdded, [&node](const Callback& c) { return callbacks::nodeIsOfType(node, c.name); },
         [&node](const Callback& c) { c.as<MMessage::MNodeFunction>()(node, c.clientData); });
@@ -76,6 +97,7 @@ void fireNodeAdded(MObject& node)
 
 void fireNodeRemoved(MObject& node)
 {
+    sceneChanged();
     callbacks::fire(
         Channel::NodeRemoved, [&node](const Callback& c) { return callbacks::nodeIsOfType(node, c.name); },
         [&node](const Callback& c) { c.as<MMessage::MNodeFunction>()(node, c.clientData); });
@@ -83,6 +105,7 @@ void fireNodeRemoved(MObject& node)
 
 void fireAttributeChanged(MObject& node, int msg, MPlug& plug, MPlug& otherPlug)
 {
+    sceneChanged();
     const auto message = static_cast<MNodeMessage::AttributeMessage>(msg);
     fireOnNode(Channel::AttributeChanged, node, [&](const Callback& c) {
         c.as<MNodeMessage::MAttr2PlugFunction>()(message, plug, otherPlug, c.clientData);
@@ -104,6 +127,7 @@ void fireNodePreRemoval(MObject& node)
 
 void fireNameChanged(MObject& node, const MString& previousName)
 {
+    sceneChanged();
     fireOnNode(Channel::NameChanged, node, [&](const Callback& c) {
         c.as<MMessage::MNodeStringFunction>()(node, previousName, c.clientData);
     });

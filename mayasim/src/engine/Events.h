@@ -14,6 +14,8 @@ namespace mayasim::events {
 
 void fireEvent(const std::string& name);        // MEventMessage ("idle" is pumped by the host)
 void fireSceneMessage(int message);             // MSceneMessage::Message value
+// MSceneMessage check callbacks: false when one of them cancels.
+bool fireSceneCheck(int message);
 void fireConditionChanged(const std::string& name, bool state);
 void fireActiveListModified();                  // MModelMessage, then the "SelectionChanged" event
 void fireTimeChanged(const MTime& time);        // MDGMessage

@@ -1,5 +1,6 @@
 #include "engine/Callbacks.h"
 #include "engine/Events.h"
+#include "file/SceneFile.h"
 
 #include <maya/MLibrary.h>
 #include <maya/MSceneMessage.h>
@@ -17,6 +18,7 @@ MStatus MLibrary::initialize(const char* applicationName, bool useBatchLicense)
 MStatus MLibrary::initialize(bool /*wantScriptOutput*/, const char* /*applicationName*/, bool /*useBatchLicense*/)
 {
     mayasim::callbacks::reset();
+    mayasim::file::resetDocument();
     return MS::kSuccess;
 }
 
@@ -24,6 +26,7 @@ void MLibrary::cleanup(int exitStatus, bool exitWhenDone)
 {
     mayasim::events::fireSceneMessage(MSceneMessage::kMayaExiting);
     mayasim::callbacks::reset();
+    mayasim::file::resetDocument();
     if (exitWhenDone)
         std::exit(exitStatus);
 }

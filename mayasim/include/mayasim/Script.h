@@ -1,0 +1,15 @@
+#pragma once
+// Running MEL script files as a host does (mayasim-batch -script).
+#include <string>
+
+#pragma GCC visibility push(default)
+namespace mayasim::host {
+
+// Runs the file's statements in turn as if each were entered in the script
+// editor: echoed, then its result. Stops at the first failing statement, as
+// sourcing a script does. False when the file can't be read or a statement
+// failed.
+bool runScript(const std::string& path);
+
+} // namespace mayasim::host
+#pragma GCC visibility pop

@@ -1,0 +1,29 @@
+#include "engine/Command.h"
+#include "engine/Interpreter.h"
+#include "engine/Output.h"
+#include "file/Statements.h"
+
+#include <mayasim/Script.h>
+
+#include <fstream>
+#include <sstream>
+
+namespace mayasim::host {
+
+bool runScript(const std::string& path)
+{
+    std::ifstream in(path, std::ios::binary);
+    if (!in)
+    {
+        writeOutput(OutputKind::Error, "Cannot find file \"" + path + "\" for source statement.");
+        return false;
+    }
+    std::ostringstream text;
+    text << in.rdbuf();
+    for (const file::Statement& statement : file::splitStatements(text.str()))
+        if (!executeMel(statement.text + ";", RunOptions{true, true}).ok)
+            return false;
+    return true;
+}
+
+} // namespace mayasim::host
