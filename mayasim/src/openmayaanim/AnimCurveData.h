@@ -70,7 +70,7 @@ struct Tangent
     bool operator==(const Tangent& other) const { return x == other.x && y == other.y; }
 };
 
-struct Key
+struct DLL_PUBLIC Key
 {
     double input = 0.0;
     double value = 0.0;
@@ -86,7 +86,7 @@ struct Key
     bool operator==(const Key& other) const;
 };
 
-struct CurveSettings
+struct DLL_PUBLIC CurveSettings
 {
     bool weighted = false;
     InfinityType preInfinity = InfinityType::Constant;
