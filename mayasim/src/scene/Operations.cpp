@@ -101,7 +101,10 @@ void insert(EditList& edits, const NodePtr& node, const NodePtr& parent)
         throw MelError("A shape node cannot have children: '" + parent->name + "'.");
     NodePtr under = parent;
     if (node->isShape() && !under)
+    {
         under = createNode(edits, findNodeType("transform"), "", nullptr);
+        node->serial = nextSerial(); // listed after its new parent
+    }
     addNode(edits, node, under);
     if (node->user)
         node->user->postConstructor();
