@@ -105,9 +105,10 @@ MStatus MArgList::addArg(double arg)
     return MS::kSuccess;
 }
 
+// A list built in code has no quotes: "-name" added here reads as a flag.
 MStatus MArgList::addArg(const MString& arg)
 {
-    fData->words.push_back(Word{arg.asChar(), true});
+    fData->words.push_back(Word{arg.asChar(), false});
     return MS::kSuccess;
 }
 

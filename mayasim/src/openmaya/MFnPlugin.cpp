@@ -11,11 +11,13 @@ using mayasim::plugins::Plugin;
 
 namespace {
 
-MString text(const std::string& value, MStatus* status, bool attached)
+// One text field of the attached plug-in; fails when none is attached.
+MString field(const MObject& object, std::string Plugin::*member, MStatus* status)
 {
+    auto plugin = mayasim::plugins::pluginOf(object);
     if (status)
-        *status = attached ? MS::kSuccess : MS::kFailure;
-    return MString(value.c_str());
+        *status = plugin ? MS::kSuccess : MS::kFailure;
+    return plugin ? MString(((*plugin).*member).c_str()) : MString();
 }
 
 } // namespace
@@ -50,33 +52,28 @@ MFn::Type MFnPlugin::type() const
 
 MString MFnPlugin::vendor(MStatus* ReturnStatus) const
 {
-    auto plugin = mayasim::plugins::pluginOf(fObject);
-    return text(plugin ? plugin->vendor : "", ReturnStatus, plugin != nullptr);
+    return field(fObject, &Plugin::vendor, ReturnStatus);
 }
 
 MString MFnPlugin::version(MStatus* ReturnStatus) const
 {
-    auto plugin = mayasim::plugins::pluginOf(fObject);
-    return text(plugin ? plugin->version : "", ReturnStatus, plugin != nullptr);
+    return field(fObject, &Plugin::version, ReturnStatus);
 }
 
 MString MFnPlugin::apiVersion(MStatus* ReturnStatus) const
 {
-    auto plugin = mayasim::plugins::pluginOf(fObject);
-    return text(plugin ? plugin->apiVersion : "", ReturnStatus, plugin != nullptr);
+    return field(fObject, &Plugin::apiVersion, ReturnStatus);
 }
 
 MString MFnPlugin::name(MStatus* ReturnStatus) const
 {
-    auto plugin = mayasim::plugins::pluginOf(fObject);
-    return text(plugin ? plugin->name : "", ReturnStatus, plugin != nullptr);
+    return field(fObject, &Plugin::name, ReturnStatus);
 }
 
 MString MFnPlugin::loadPath(MStatus* ReturnStatus) const
 {
-    auto plugin = mayasim::plugins::pluginOf(fObject);
-    const std::string folder = plugin ? std::filesystem::path(plugin->path).parent_path().string() : "";
-    return text(folder, ReturnStatus, plugin != nullptr);
+    const std::string path = field(fObject, &Plugin::path, ReturnStatus).asChar();
+    return MString(std::filesystem::path(path).parent_path().string().c_str());
 }
 
 MStatus MFnPlugin::registerCommand(const MString& commandName, MCreatorFunction creatorFunction,

@@ -59,6 +59,20 @@ void appendRunningResult(const MelValue& item)
     *result = std::move(array);
 }
 
+template <typename T, typename Array, typename Convert>
+std::vector<T> itemsOf(const Array& array, Convert convert)
+{
+    std::vector<T> items;
+    for (unsigned int k = 0; k < array.length(); ++k)
+        items.push_back(convert(array[k]));
+    return items;
+}
+
+std::string stringOf(const MString& text)
+{
+    return text.asChar();
+}
+
 } // namespace
 
 MPxCommand::MPxCommand() = default;
@@ -169,26 +183,17 @@ void MPxCommand::setResult(const MString& val)
 
 void MPxCommand::setResult(const MIntArray& val)
 {
-    std::vector<long> items;
-    for (unsigned int k = 0; k < val.length(); ++k)
-        items.push_back(val[k]);
-    setRunningResult(MelValue::ofInts(std::move(items)));
+    setRunningResult(MelValue::ofInts(itemsOf<long>(val, [](int v) { return v; })));
 }
 
 void MPxCommand::setResult(const MDoubleArray& val)
 {
-    std::vector<double> items;
-    for (unsigned int k = 0; k < val.length(); ++k)
-        items.push_back(val[k]);
-    setRunningResult(MelValue::ofFloats(std::move(items)));
+    setRunningResult(MelValue::ofFloats(itemsOf<double>(val, [](double v) { return v; })));
 }
 
 void MPxCommand::setResult(const MStringArray& val)
 {
-    std::vector<std::string> items;
-    for (unsigned int k = 0; k < val.length(); ++k)
-        items.push_back(val[k].asChar());
-    setRunningResult(MelValue::ofStrings(std::move(items)));
+    setRunningResult(MelValue::ofStrings(itemsOf<std::string>(val, stringOf)));
 }
 
 void MPxCommand::appendToResult(int val)
@@ -218,8 +223,8 @@ void MPxCommand::appendToResult(const MString& val)
 
 void MPxCommand::appendToResult(const MStringArray& val)
 {
-    for (unsigned int k = 0; k < val.length(); ++k)
-        appendRunningResult(MelValue::ofString(val[k].asChar()));
+    for (const std::string& item : itemsOf<std::string>(val, stringOf))
+        appendRunningResult(MelValue::ofString(item));
 }
 
 bool MPxCommand::isCurrentResultArray()

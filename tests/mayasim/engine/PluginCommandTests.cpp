@@ -2,9 +2,12 @@
 // registration record.
 #include "EngineTest.h"
 
+#include <maya/MArgList.h>
 #include <maya/MDoubleArray.h>
 #include <maya/MIntArray.h>
 #include <maya/MStringArray.h>
+#define MNoVersionString // the test plug-in's file emits the version symbols
+#include <maya/MFnPlugin.h>
 
 #include <gmock/gmock.h>
 
@@ -90,6 +93,54 @@ TEST_F(CommandSyntax, AFailedDoItFailsTheRunWithTheCommandsOwnReport)
     EXPECT_TRUE(record().args.empty());
 }
 
+TEST(ArgList, ReadsWordsAsTheTypesAsked)
+{
+    MArgList args;
+    args.addArg(MString("-value"));
+    args.addArg(-1.5);
+    args.addArg(true);
+    args.addArg(MString("name"));
+    EXPECT_EQ(args.length(), 4u);
+    EXPECT_EQ(args.flagIndex("v", "value"), 0u);
+    EXPECT_EQ(args.flagIndex("x"), MArgList::kInvalidArgIndex);
+    EXPECT_EQ(args.asDouble(1), -1.5);
+    EXPECT_EQ(args.asInt(1), -1);
+    EXPECT_TRUE(args.asBool(2));
+    MStatus status;
+    args.asDouble(3, &status);
+    EXPECT_FALSE(status);
+    args.asString(4, &status);
+    EXPECT_FALSE(status);
+}
+
+using CommandObjects = EngineTest;
+
+TEST_F(CommandObjects, NamedObjectsOrTheActiveSelection)
+{
+    ASSERT_TRUE(mel("createNode transform -n objA; createNode transform -n objB; select -cl"));
+    ASSERT_TRUE(mel("selectProbe objA objB"));
+    EXPECT_TRUE(record().objectsRead);
+    EXPECT_THAT(record().objects, ElementsAre("objA", "objB"));
+    ASSERT_TRUE(mel("select objB; selectProbe"));
+    EXPECT_TRUE(record().objectsRead);
+    EXPECT_THAT(record().objects, ElementsAre("objB"));
+    ASSERT_TRUE(mel("delete objA objB"));
+}
+
+TEST_F(CommandObjects, TooFewObjectsFailGetObjectsNotTheCall)
+{
+    ASSERT_TRUE(mel("select -cl; selectProbe"));
+    EXPECT_EQ(record().selectProbeRuns, 1);
+    EXPECT_FALSE(record().objectsRead);
+}
+
+TEST_F(CommandObjects, UnknownNamesFailTheCall)
+{
+    EXPECT_FALSE(mel("selectProbe noSuchNode"));
+    EXPECT_EQ(record().selectProbeRuns, 0);
+    EXPECT_THAT(printed(), ElementsAre("// Error: line 1: No object matches name: noSuchNode //"));
+}
+
 using TypedResults = EngineTest;
 
 TEST_F(TypedResults, EachOverloadReadsItsKind)
@@ -164,7 +215,8 @@ TEST_F(Registration, RecordsCallsInOrder)
     for (const auto& r : mayasim::host::registrations())
         calls.push_back(r.plugin + " " + r.call + " " + r.name + (r.succeeded ? "" : " failed"));
     EXPECT_THAT(calls, ElementsAre("engineTest registerCommand recordArgs", "engineTest registerCommand typedResult",
-                                   "engineTest registerCommand probe", "engineTest registerCommand counter",
+                                   "engineTest registerCommand probe", "engineTest registerCommand selectProbe",
+                                   "engineTest registerCommand counter",
                                    "engineTest registerCommand nested", "engineTest registerCommand failing",
                                    "engineTest registerCommand hotkeySet"));
 }
@@ -205,6 +257,17 @@ TEST_F(Registration, CommandNamesAreUniqueAcrossBuiltinsAndPlugins)
         calls.push_back(r.name + (r.succeeded ? " ok" : " refused"));
     EXPECT_THAT(calls, ElementsAre("undo refused", "recordArgs refused", "clashFree ok"));
     EXPECT_TRUE(MGlobal::executeCommand("unloadPlugin clashTest"));
+}
+
+TEST_F(Registration, ThePluginObjectDescribesTheModule)
+{
+    MObject plugin = MFnPlugin::findPlugin("engineTest");
+    ASSERT_FALSE(plugin.isNull());
+    MFnPlugin fn(plugin);
+    EXPECT_STREQ(fn.name().asChar(), "engineTest");
+    EXPECT_STREQ(fn.vendor().asChar(), "Engine Tests");
+    EXPECT_STREQ(fn.version().asChar(), "1.0");
+    EXPECT_TRUE(MFnPlugin::findPlugin("notLoaded").isNull());
 }
 
 TEST_F(Registration, LoadPluginReportsMissingModules)

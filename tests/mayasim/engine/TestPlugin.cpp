@@ -7,6 +7,7 @@
 #include <maya/MGlobal.h>
 #include <maya/MIntArray.h>
 #include <maya/MPxCommand.h>
+#include <maya/MSelectionList.h>
 #include <maya/MStringArray.h>
 #include <maya/MSyntax.h>
 
@@ -160,6 +161,33 @@ public:
     }
 };
 
+// Acts on at least one object, the active selection when none is named.
+class SelectProbe : public MPxCommand
+{
+public:
+    static void* creator() { return new SelectProbe; }
+    static MSyntax newSyntax()
+    {
+        MSyntax syntax;
+        syntax.setObjectType(MSyntax::kSelectionList, 1);
+        syntax.useSelectionAsDefault(true);
+        return syntax;
+    }
+    MStatus doIt(const MArgList& args) override
+    {
+        ++record().selectProbeRuns;
+        MArgDatabase db(syntax(), args);
+        MSelectionList list;
+        record().objectsRead = db.getObjects(list);
+        MStringArray strings;
+        list.getSelectionStrings(strings);
+        record().objects.clear();
+        for (unsigned int k = 0; k < strings.length(); ++k)
+            record().objects.push_back(strings[k].asChar());
+        return MS::kSuccess;
+    }
+};
+
 // Adds to the shared counter; undoable.
 class Counter : public MPxCommand
 {
@@ -264,6 +292,7 @@ const Registered kCommands[] = {
     {"recordArgs", &RecordArgs::creator, nullptr},
     {"typedResult", &TypedResult::creator, &TypedResult::newSyntax},
     {"probe", &Probe::creator, &Probe::newSyntax},
+    {"selectProbe", &SelectProbe::creator, &SelectProbe::newSyntax},
     {"counter", &Counter::creator, &Counter::newSyntax},
     {"nested", &Nested::creator, nullptr},
     {"failing", &Failing::creator, nullptr},

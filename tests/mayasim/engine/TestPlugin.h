@@ -30,6 +30,9 @@ struct Record
     int counter = 0;                      // the counter commands' shared value
     int liveCounters = 0;                 // counter command objects alive
     std::vector<std::string> undoLog;     // "undo 3", "redo 3" with isUndoing/isRedoing checked
+    bool objectsRead = false;             // selectProbe: MArgDatabase::getObjects succeeded
+    std::vector<std::string> objects;     // selectProbe: the objects' selection strings
+    int selectProbeRuns = 0;
 };
 
 Record& record();

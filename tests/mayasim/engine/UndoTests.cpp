@@ -138,3 +138,17 @@ TEST_F(UndoQueue, WorkRunFromTheIdleQueueIsItsOwnStep)
     ASSERT_TRUE(mel("undo"));
     EXPECT_EQ(record().counter, 1);
 }
+
+TEST_F(UndoQueue, BuiltinSceneEditsAndPluginCommandsShareSteps)
+{
+    ASSERT_TRUE(MGlobal::executeCommand("undoInfo -openChunk"));
+    ASSERT_TRUE(mel("createNode transform -n undoTarget"));
+    ASSERT_TRUE(mel("counter -by 1"));
+    ASSERT_TRUE(MGlobal::executeCommand("undoInfo -closeChunk"));
+    ASSERT_TRUE(mel("undo"));
+    EXPECT_EQ(record().counter, 0);
+    EXPECT_FALSE(mel("select undoTarget"));
+    ASSERT_TRUE(mel("redo"));
+    EXPECT_EQ(record().counter, 1);
+    EXPECT_TRUE(mel("select undoTarget; delete undoTarget"));
+}
