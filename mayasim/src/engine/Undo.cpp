@@ -239,9 +239,16 @@ void setEnabled(bool on, bool flushQueue)
 
 void flush()
 {
+    // The running statement's and the open chunk's work go too: nothing
+    // recorded before the flush can be undone after it.
     QueueState& q = queue();
     std::vector<Step> dropped = std::move(q.done);
     q.done.clear();
+    for (Step* step : {&q.running, &q.chunk}) {
+        const std::string name = step->name; // an open chunk stays open
+        dropped.push_back(std::move(*step));
+        *step = Step{name, {}};
+    }
     for (Step& step : q.undone)
         dropped.push_back(std::move(step));
     q.undone.clear();

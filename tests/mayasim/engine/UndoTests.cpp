@@ -152,3 +152,12 @@ TEST_F(UndoQueue, BuiltinSceneEditsAndPluginCommandsShareSteps)
     EXPECT_EQ(record().counter, 1);
     EXPECT_TRUE(mel("select undoTarget; delete undoTarget"));
 }
+
+TEST_F(UndoQueue, UnloadingAPluginFlushesWorkItStillHolds)
+{
+    // The counter is still in the running statement's step when the module goes.
+    ASSERT_TRUE(mel("{ counter -by 1; unloadPlugin engineTest; }"));
+    EXPECT_EQ(record().liveCounters, 0);
+    EXPECT_EQ(stringResult("undoInfo -q -undoName"), "");
+    enginetest::load();
+}
