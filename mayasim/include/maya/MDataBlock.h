@@ -3,10 +3,10 @@
 #include <maya/MObject.h>
 #include <maya/MStatus.h>
 #include <maya/MDataHandle.h>
+#include <maya/MDGContext.h>
 #include <memory>
 
 class MPlug;
-class MDGContext;
 
 namespace mayasim {
 class DataBlockStorage;

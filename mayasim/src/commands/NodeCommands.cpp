@@ -32,13 +32,8 @@ MelValue createNode(const Invocation& call)
             return MelValue::ofString(nameOf(*existing.front()));
     NodePtr parent = args.has("parent") ? node(args.args("parent")[0].text) : nullptr;
     NodeTypePtr type = findNodeType(typeName);
-    if (!type)
-    {
-        // Types from files that mayasim doesn't know live on as generic nodes.
-        if (typeName.empty() || !std::isalpha(static_cast<unsigned char>(typeName[0])))
-            throw MelError("Unknown object type: " + typeName);
-        type = unknownNodeType(typeName);
-    }
+    if (!type || type->abstract)
+        throw MelError("Unknown object type: " + typeName);
     return MelValue::ofString(undoable([&](EditList& edits) {
         NodePtr created = ops::createNode(edits, type, name, parent);
         if (!args.has("skipSelect"))

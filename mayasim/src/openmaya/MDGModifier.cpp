@@ -155,7 +155,7 @@ MStatus MDGModifier::setNodeLockState(const MObject& node, bool newState)
     if (!target)
         return MS::kInvalidParameter;
     queue(std::make_shared<ModifierOperation>(
-        [target, newState](EditList& edits) { edits.run(edit::setNodeLocked(target, newState)); }));
+        [target, newState](EditList& edits) { edits.run(editing::setNodeLocked(target, newState)); }));
     return MS::kSuccess;
 }
 

@@ -268,7 +268,7 @@ MStatus MFnDependencyNode::setLocked(bool locked)
     NodePtr node = nodeOf(fObject, &status);
     if (!node)
         return status;
-    return applyDirect([&](EditList& edits) { edits.run(edit::setNodeLocked(node, locked)); });
+    return applyDirect([&](EditList& edits) { edits.run(editing::setNodeLocked(node, locked)); });
 }
 
 bool MFnDependencyNode::isDefaultNode(MStatus* ReturnStatus) const

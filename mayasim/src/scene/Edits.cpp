@@ -47,7 +47,7 @@ void EditList::commit()
     recordUndo(std::move(list));
 }
 
-namespace edit {
+namespace editing {
 
 namespace {
 
@@ -310,6 +310,6 @@ EditPtr setNodeLocked(NodePtr node, bool locked)
     return lambda([=] { node->locked = locked; }, [=] { node->locked = before; });
 }
 
-} // namespace edit
+} // namespace editing
 
 } // namespace mayasim

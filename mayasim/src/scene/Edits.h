@@ -77,7 +77,7 @@ auto undoable(Work&& work)
     }
 }
 
-namespace edit {
+namespace editing {
 
 // Adds a node made with newNode to the scene (under parent for DAG nodes).
 EditPtr addNode(NodePtr node, NodePtr parent);
@@ -97,6 +97,6 @@ EditPtr reparent(NodePtr node, NodePtr parent);
 EditPtr setUuid(NodePtr node, MUuid uuid);
 EditPtr setNodeLocked(NodePtr node, bool locked);
 
-} // namespace edit
+} // namespace editing
 
 } // namespace mayasim

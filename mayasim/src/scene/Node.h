@@ -67,7 +67,7 @@ public:
 
     std::string name;
     MUuid uuid;
-    bool alive = true; // false once deleted (the undo queue may still hold it)
+    bool alive = false; // true while in the scene; a deleted node may live on in the undo queue
     bool locked = false;
     unsigned long serial = 0; // creation order
 

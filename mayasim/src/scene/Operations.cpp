@@ -88,7 +88,7 @@ void addNode(EditList& edits, const NodePtr& node, const NodePtr& parent)
 {
     node->name = node->name.empty() ? scene::defaultName(node->type()->name, parent.get())
                                     : scene::uniqueName(node->name, node.get(), parent.get());
-    edits.run(edit::addNode(node, node->isDag() ? parent : nullptr));
+    edits.run(editing::addNode(node, node->isDag() ? parent : nullptr));
 }
 
 } // namespace
@@ -146,12 +146,12 @@ void deleteNode(EditList& edits, const NodePtr& node)
     for (const auto& child : std::vector<NodePtr>(node->children))
         deleteNode(edits, child);
     for (const auto& entry : std::map<PlugKey, PlugAddress>(node->incoming))
-        edits.run(edit::disconnect(entry.second, PlugAddress{node, entry.first}));
+        edits.run(editing::disconnect(entry.second, PlugAddress{node, entry.first}));
     for (const auto& entry : std::map<PlugKey, std::vector<PlugAddress>>(node->outgoing))
         for (const auto& destination : entry.second)
-            edits.run(edit::disconnect(PlugAddress{node, entry.first}, destination));
+            edits.run(editing::disconnect(PlugAddress{node, entry.first}, destination));
     selection::forget(*node);
-    edits.run(edit::removeNode(node));
+    edits.run(editing::removeNode(node));
 }
 
 std::string rename(EditList& edits, const NodePtr& node, const std::string& name)
@@ -162,7 +162,7 @@ std::string rename(EditList& edits, const NodePtr& node, const std::string& name
     if (name == node->name)
         return name;
     const std::string unique = scene::uniqueName(name, node.get(), node->parentNode().get());
-    edits.run(edit::rename(node, unique));
+    edits.run(editing::rename(node, unique));
     return unique;
 }
 
@@ -189,9 +189,9 @@ void connect(EditList& edits, const PlugAddress& source, const PlugAddress& dest
         if (!force)
             throw MelError("'" + plugText(*to, destination.key) + "' already has an incoming connection from '" +
                            plugText(*previous, existing->second.key) + "'.");
-        edits.run(edit::disconnect(existing->second, destination));
+        edits.run(editing::disconnect(existing->second, destination));
     }
-    edits.run(edit::connect(source, destination));
+    edits.run(editing::connect(source, destination));
 }
 
 void disconnect(EditList& edits, const PlugAddress& source, const PlugAddress& destination)
@@ -204,7 +204,7 @@ void disconnect(EditList& edits, const PlugAddress& source, const PlugAddress& d
     if (existing == to->incoming.end() || !(existing->second == source))
         throw MelError("There is no connection from '" + plugText(*from, source.key) + "' to '" +
                        plugText(*to, destination.key) + "' to disconnect");
-    edits.run(edit::disconnect(source, destination));
+    edits.run(editing::disconnect(source, destination));
 }
 
 void setValue(EditList& edits, const NodePtr& node, const PlugKey& key, const Value& value, bool command)
@@ -216,7 +216,7 @@ void setValue(EditList& edits, const NodePtr& node, const PlugKey& key, const Va
         throw MelError("The attribute '" + plugText(*node, key) + "' is not writable.");
     if (!key.complete())
         throw MelError("The attribute '" + plugText(*node, key) + "' is a multi; give an element index.");
-    edits.run(edit::setValue(node, key, value));
+    edits.run(editing::setValue(node, key, value));
 }
 
 void setVector(EditList& edits, const NodePtr& node, const std::string& compound, const MVector& v)
@@ -238,19 +238,19 @@ void setLocked(EditList& edits, const NodePtr& node, const PlugKey& key, bool is
     checkAlive(node);
     const PlugState* state = node->state(key);
     if ((state && state->locked) != isLocked)
-        edits.run(edit::setLocked(node, key, isLocked));
+        edits.run(editing::setLocked(node, key, isLocked));
 }
 
 void setKeyable(EditList& edits, const NodePtr& node, const PlugKey& key, bool keyable)
 {
     checkAlive(node);
-    edits.run(edit::setKeyable(node, key, keyable));
+    edits.run(editing::setKeyable(node, key, keyable));
 }
 
 void setChannelBox(EditList& edits, const NodePtr& node, const PlugKey& key, bool channelBox)
 {
     checkAlive(node);
-    edits.run(edit::setChannelBox(node, key, channelBox));
+    edits.run(editing::setChannelBox(node, key, channelBox));
 }
 
 void addAttribute(EditList& edits, const NodePtr& node, const AttributePtr& attribute)
@@ -262,7 +262,7 @@ void addAttribute(EditList& edits, const NodePtr& node, const AttributePtr& attr
     attribute->dynamic = true;
     for (const auto& child : attribute->children)
         child->dynamic = true;
-    edits.run(edit::addAttribute(node, attribute));
+    edits.run(editing::addAttribute(node, attribute));
 }
 
 void removeAttribute(EditList& edits, const NodePtr& node, const AttributePtr& attribute)
@@ -270,7 +270,7 @@ void removeAttribute(EditList& edits, const NodePtr& node, const AttributePtr& a
     checkAlive(node);
     if (!attribute->dynamic)
         throw MelError("Cannot delete the static attribute '" + attribute->longName + "'.");
-    edits.run(edit::removeAttribute(node, attribute));
+    edits.run(editing::removeAttribute(node, attribute));
 }
 
 void reparent(EditList& edits, const NodePtr& node, const NodePtr& parent, bool relative)
@@ -290,8 +290,8 @@ void reparent(EditList& edits, const NodePtr& node, const NodePtr& parent, bool 
                                  ? scene::uniqueName(node->name, node.get(), parent.get())
                                  : node->name;
     if (name != node->name)
-        edits.run(edit::rename(node, name));
-    edits.run(edit::reparent(node, parent));
+        edits.run(editing::rename(node, name));
+    edits.run(editing::reparent(node, parent));
     if (relative || !node->hasFn(MFn::kTransform))
         return;
     const MMatrix parentWorld = parent ? transform::worldMatrix(*parent) : MMatrix();
@@ -311,7 +311,7 @@ NodePtr duplicate(EditList& edits, const NodePtr& node)
 void setUuid(EditList& edits, const NodePtr& node, const MUuid& uuid)
 {
     checkAlive(node);
-    edits.run(edit::setUuid(node, uuid));
+    edits.run(editing::setUuid(node, uuid));
 }
 
 } // namespace mayasim::ops

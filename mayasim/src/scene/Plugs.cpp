@@ -117,7 +117,7 @@ std::string plugName(const Node& node, const PlugKey& key, const PlugNameOptions
     const std::vector<const Attribute*> chain = key.attribute->chain();
     // Without the full path, the name starts at the topmost array ancestor
     // whose element must be named, or at the attribute itself.
-    size_t first = chain.size() - 1;
+    size_t first = options.useFullAttributePath ? 0 : chain.size() - 1;
     if (!options.useFullAttributePath)
         for (size_t i = 0; i + 1 < chain.size(); ++i)
             if (chain[i]->array)

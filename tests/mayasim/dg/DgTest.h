@@ -53,13 +53,15 @@ inline double melNumber(const std::string& text)
     return result;
 }
 
-// The last error line of the script output.
+// The last error of the script output, without its "line N: " prefix.
 inline std::string lastError()
 {
     std::string text;
     for (const auto& line : mayasim::host::output())
         if (line.kind == mayasim::host::OutputLine::Kind::Error)
             text = line.text;
+    if (text.rfind("line ", 0) == 0)
+        text = text.substr(text.find(": ") + 2);
     return text;
 }
 
