@@ -44,6 +44,37 @@ Callback callbackOf(Channel channel, Fn function, void* clientData)
     return callback;
 }
 
+// Events, conditions and node type filters: callbacks keyed by a name.
+template <typename Fn>
+MCallbackId registeredByName(Channel channel, bool known, const MString& name, Fn function, void* clientData,
+                             MStatus* ReturnStatus)
+{
+    if (!known)
+        return refused(ReturnStatus);
+    Callback callback = callbackOf(channel, function, clientData);
+    callback.name = name.asChar();
+    return registered(std::move(callback), ReturnStatus);
+}
+
+// Scene messages: callbacks keyed by an MSceneMessage::Message.
+template <typename Fn>
+MCallbackId registeredForMessage(Channel channel, int message, Fn function, void* clientData, MStatus* ReturnStatus)
+{
+    if (message < MSceneMessage::kSceneUpdate || message >= MSceneMessage::kLast)
+        return refused(ReturnStatus);
+    Callback callback = callbackOf(channel, function, clientData);
+    callback.message = message;
+    return registered(std::move(callback), ReturnStatus);
+}
+
+MStatus copyNames(const std::vector<std::string>& from, MStringArray& names)
+{
+    names.clear();
+    for (const std::string& name : from)
+        names.append(name.c_str());
+    return MS::kSuccess;
+}
+
 } // namespace
 
 // --- MMessage -----------------------------------------------------------------
@@ -80,19 +111,13 @@ const char* MMessage::className()
 MCallbackId MEventMessage::addEventCallback(const MString& event, MMessage::MBasicFunction func, void* clientData,
                                             MStatus* ReturnStatus)
 {
-    if (!mayasim::callbacks::isEventName(event.asChar()))
-        return refused(ReturnStatus);
-    Callback callback = callbackOf(Channel::Event, func, clientData);
-    callback.name = event.asChar();
-    return registered(std::move(callback), ReturnStatus);
+    return registeredByName(Channel::Event, mayasim::callbacks::isEventName(event.asChar()), event, func, clientData,
+                            ReturnStatus);
 }
 
 MStatus MEventMessage::getEventNames(MStringArray& names)
 {
-    names.clear();
-    for (const std::string& name : mayasim::callbacks::eventNames())
-        names.append(name.c_str());
-    return MS::kSuccess;
+    return copyNames(mayasim::callbacks::eventNames(), names);
 }
 
 const char* MEventMessage::className()
@@ -105,21 +130,13 @@ const char* MEventMessage::className()
 MCallbackId MSceneMessage::addCallback(Message msg, MMessage::MBasicFunction func, void* clientData,
                                        MStatus* ReturnStatus)
 {
-    if (msg < kSceneUpdate || msg >= kLast)
-        return refused(ReturnStatus);
-    Callback callback = callbackOf(Channel::Scene, func, clientData);
-    callback.message = msg;
-    return registered(std::move(callback), ReturnStatus);
+    return registeredForMessage(Channel::Scene, msg, func, clientData, ReturnStatus);
 }
 
 MCallbackId MSceneMessage::addCheckCallback(Message msg, MMessage::MCheckFunction func, void* clientData,
                                             MStatus* ReturnStatus)
 {
-    if (msg < kSceneUpdate || msg >= kLast)
-        return refused(ReturnStatus);
-    Callback callback = callbackOf(Channel::SceneCheck, func, clientData);
-    callback.message = msg;
-    return registered(std::move(callback), ReturnStatus);
+    return registeredForMessage(Channel::SceneCheck, msg, func, clientData, ReturnStatus);
 }
 
 const char* MSceneMessage::className()
@@ -147,19 +164,13 @@ const char* MModelMessage::className()
 MCallbackId MConditionMessage::addConditionCallback(const MString& conditionName, MMessage::MStateFunction func,
                                                     void* clientData, MStatus* ReturnStatus)
 {
-    if (!mayasim::callbacks::isConditionName(conditionName.asChar()))
-        return refused(ReturnStatus);
-    Callback callback = callbackOf(Channel::Condition, func, clientData);
-    callback.name = conditionName.asChar();
-    return registered(std::move(callback), ReturnStatus);
+    return registeredByName(Channel::Condition, mayasim::callbacks::isConditionName(conditionName.asChar()),
+                            conditionName, func, clientData, ReturnStatus);
 }
 
 MStatus MConditionMessage::getConditionNames(MStringArray& names)
 {
-    names.clear();
-    for (const std::string& name : mayasim::callbacks::conditionNames())
-        names.append(name.c_str());
-    return MS::kSuccess;
+    return copyNames(mayasim::callbacks::conditionNames(), names);
 }
 
 bool MConditionMessage::getConditionState(const MString& name, MStatus* ReturnStatus)
@@ -204,17 +215,13 @@ MCallbackId MDGMessage::addTimeChangeCallback(MMessage::MTimeFunction func, void
 MCallbackId MDGMessage::addNodeAddedCallback(MMessage::MNodeFunction func, const MString& nodeType,
                                              void* clientData, MStatus* ReturnStatus)
 {
-    Callback callback = callbackOf(Channel::NodeAdded, func, clientData);
-    callback.name = nodeType.asChar();
-    return registered(std::move(callback), ReturnStatus);
+    return registeredByName(Channel::NodeAdded, true, nodeType, func, clientData, ReturnStatus);
 }
 
 MCallbackId MDGMessage::addNodeRemovedCallback(MMessage::MNodeFunction func, const MString& nodeType,
                                                void* clientData, MStatus* ReturnStatus)
 {
-    Callback callback = callbackOf(Channel::NodeRemoved, func, clientData);
-    callback.name = nodeType.asChar();
-    return registered(std::move(callback), ReturnStatus);
+    return registeredByName(Channel::NodeRemoved, true, nodeType, func, clientData, ReturnStatus);
 }
 
 const char* MDGMessage::className()
