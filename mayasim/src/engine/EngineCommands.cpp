@@ -108,11 +108,12 @@ MelValue fileInfoCommand(const Invocation& call)
     return MelValue::none();
 }
 
+// Maya prints a lone value as it is, and each item of several on its own line.
 MelValue print(const Invocation& call)
 {
     std::string text;
     for (const Word& word : call.words)
-        text += word.text;
+        text += word.text + (call.words.size() > 1 ? "\n" : "");
     writeOutput(OutputKind::Info, text);
     return MelValue::none();
 }

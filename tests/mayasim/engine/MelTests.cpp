@@ -111,11 +111,13 @@ TEST_F(MelExpressions, GlobalsOutliveTheRunAndInitialiseOnce)
 
 TEST_F(MelExpressions, HotkeySetScriptRunsAsMayaWould)
 {
-    // Verbatim, double blanks included.
-    const char* script = "if (`hotkeySet -q -current` == \"Maya_Default\") {  if (!`hotkeySet -q -exists "
+    // Verbatim, double blanks included; only the command is the test's stand-in.
+    std::string script = "if (`hotkeySet -q -current` == \"Maya_Default\") {  if (!`hotkeySet -q -exists "
                          "Orvane_Hotkey_Set`) {    hotkeySet -source Maya_Default Orvane_Hotkey_Set;  }  "
                          "hotkeySet -e -current Orvane_Hotkey_Set;}";
-    ASSERT_TRUE(MGlobal::executeCommand(script, false, false));
+    for (size_t at = script.find("hotkeySet"); at != std::string::npos; at = script.find("hotkeySet", at + 14))
+        script.replace(at, 9, "fakeHotkeySet");
+    ASSERT_TRUE(MGlobal::executeCommand(script.c_str(), false, false));
     EXPECT_THAT(record().hotkeyCalls,
                 ElementsAre("-q -current", "-q -exists Orvane_Hotkey_Set", "-source Maya_Default Orvane_Hotkey_Set",
                             "-e -current Orvane_Hotkey_Set"));

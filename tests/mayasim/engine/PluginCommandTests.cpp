@@ -218,7 +218,7 @@ TEST_F(Registration, RecordsCallsInOrder)
                                    "engineTest registerCommand probe", "engineTest registerCommand selectProbe",
                                    "engineTest registerCommand counter",
                                    "engineTest registerCommand nested", "engineTest registerCommand failing",
-                                   "engineTest registerCommand hotkeySet"));
+                                   "engineTest registerCommand fakeHotkeySet"));
 }
 
 TEST_F(Registration, AFailedInitializeUnloadsThePluginWithMayasMessage)
@@ -244,7 +244,7 @@ TEST_F(Registration, AFailedUninitializeKeepsThePluginLoaded)
     mayasim::host::failRegistrationAt(1);
     EXPECT_FALSE(MGlobal::executeCommand("unloadPlugin engineTest"));
     EXPECT_EQ(printed().back(), "// Error: line 1: uninitializePlugin function failed (engineTest) //");
-    EXPECT_TRUE(mel("hotkeySet -q -current"));
+    EXPECT_TRUE(mel("fakeHotkeySet -q -current"));
 }
 
 TEST_F(Registration, CommandNamesAreUniqueAcrossBuiltinsAndPlugins)

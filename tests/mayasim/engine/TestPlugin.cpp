@@ -250,7 +250,8 @@ public:
     }
 };
 
-// Stands in for Maya's hotkeySet, answering as a fresh Maya does.
+// Stands in for Maya's hotkeySet (as fakeHotkeySet, so it never clashes with
+// a built-in), answering as a fresh Maya does.
 class HotkeySet : public MPxCommand
 {
 public:
@@ -296,7 +297,7 @@ const Registered kCommands[] = {
     {"counter", &Counter::creator, &Counter::newSyntax},
     {"nested", &Nested::creator, nullptr},
     {"failing", &Failing::creator, nullptr},
-    {"hotkeySet", &HotkeySet::creator, &HotkeySet::newSyntax},
+    {"fakeHotkeySet", &HotkeySet::creator, &HotkeySet::newSyntax},
 };
 
 } // namespace

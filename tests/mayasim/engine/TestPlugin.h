@@ -26,7 +26,7 @@ struct Record
 {
     std::vector<std::string> args;       // recordArgs: the words of the last call
     ProbeRecord probe;
-    std::vector<std::string> hotkeyCalls; // hotkeySet: each call's words joined by blanks
+    std::vector<std::string> hotkeyCalls; // fakeHotkeySet: each call's words joined by blanks
     int counter = 0;                      // the counter commands' shared value
     int liveCounters = 0;                 // counter command objects alive
     std::vector<std::string> undoLog;     // "undo 3", "redo 3" with isUndoing/isRedoing checked
