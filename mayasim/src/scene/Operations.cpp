@@ -41,7 +41,8 @@ void addNode(EditList& edits, const NodePtr& node, const NodePtr& parent);
 
 NodePtr duplicateUnder(EditList& edits, const NodePtr& node, const NodePtr& parent)
 {
-    NodePtr copy = newNode(node->type(), node->name);
+    // Copies take names no node has, anywhere ("pCubeShape1" -> "pCubeShape2").
+    NodePtr copy = newNode(node->type(), scene::uniqueName(node->name, nullptr, nullptr));
     copyNodeState(node, copy);
     if (copy->user && node->user)
         copy->user->copyInternalData(node->user.get());
