@@ -186,6 +186,21 @@ void save()
     events::fireEvent("SceneSaved");
 }
 
+void saveAs(const std::string& path)
+{
+    const std::string previous = document().path;
+    rename(path);
+    try
+    {
+        save();
+    }
+    catch (const MelError&)
+    {
+        document().path = previous;
+        throw;
+    }
+}
+
 void exportAll(const std::string& path)
 {
     requireChecksPass(MSceneMessage::kBeforeExportCheck);

@@ -25,6 +25,8 @@ void import(const std::string& path);
 // Saves to the scene's own path (rename first), or exports everything to
 // another file without changing the scene's path.
 void save();
+// Renames and saves; the scene keeps its old path when saving fails.
+void saveAs(const std::string& path);
 void exportAll(const std::string& path);
 
 // True while a file is being read, written, opened or the scene renewed.

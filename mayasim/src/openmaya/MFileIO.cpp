@@ -83,10 +83,7 @@ MStatus MFileIO::saveAs(const MString& fileName, const char* type, bool)
 {
     if (!supported(type))
         return MS::kInvalidParameter;
-    return attempt([&] {
-        mayasim::file::rename(fileName.asChar());
-        mayasim::file::save();
-    });
+    return attempt([&] { mayasim::file::saveAs(fileName.asChar()); });
 }
 
 MStatus MFileIO::importFile(const MString& fileName, const char* type, bool, const char*, bool)

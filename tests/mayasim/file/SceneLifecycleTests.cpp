@@ -155,6 +155,15 @@ TEST_F(SceneLifecycle, SavingClearsModifiedAndAnUntitledSceneCannotBeSaved)
 {
     ASSERT_TRUE(mel("createNode transform -n marker"));
     EXPECT_FALSE(MFileIO::save());
+
+    // A cancelled save-as leaves the scene untitled.
+    const MCallbackId veto = MSceneMessage::addCheckCallback(
+        MSceneMessage::kBeforeSaveCheck, [](bool* retCode, void*) { *retCode = false; });
+    EXPECT_FALSE(MFileIO::saveAs(scratchFile("vetoed.ma").c_str()));
+    MMessage::removeCallback(veto);
+    EXPECT_THAT(MFileIO::currentFile().asChar(), EndsWith("/untitled"));
+    EXPECT_EQ(melString("file -q -modified"), "1");
+
     ASSERT_TRUE(MFileIO::saveAs(scratchFile("scene.ma").c_str()));
     EXPECT_EQ(melString("file -q -modified"), "0");
 }
