@@ -160,3 +160,16 @@ TEST_F(MelErrors, UndeclaredVariable)
     EXPECT_FALSE(mel("recordArgs $nothing"));
     EXPECT_THAT(printed(), ElementsAre("// Error: line 1: \"$nothing\" is an undeclared variable. //"));
 }
+
+TEST_F(MelErrors, BuiltinFlagsAreCheckedToo)
+{
+    EXPECT_FALSE(mel("undoInfo -foo"));
+    EXPECT_FALSE(mel("undoInfo -openChunk -chunkName"));
+    EXPECT_THAT(printed(), ElementsAre("// Error: line 1: Invalid flag '-foo' //",
+                                       "// Error: line 1: Flag 'chunkName' must be passed an argument //"));
+    // The failed call opened no chunk: two commands stay two steps.
+    ASSERT_TRUE(mel("counter"));
+    ASSERT_TRUE(mel("counter"));
+    ASSERT_TRUE(mel("undo"));
+    EXPECT_EQ(record().counter, 1);
+}
