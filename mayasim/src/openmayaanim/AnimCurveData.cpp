@@ -155,6 +155,11 @@ struct BezierSpan
 
 } // namespace
 
+double wholeTicks(double seconds)
+{
+    return std::llround(seconds * kTicksPerSecond) / kTicksPerSecond;
+}
+
 bool isTangentType(int value)
 {
     return (value >= 0 && value <= static_cast<int>(TangentType::Auto)) ||
@@ -341,7 +346,7 @@ AnimCurveData::Sample AnimCurveData::sampleInfinity(double input) const
     else
         at = mirrored ? last.input - folded : first.input + folded;
     if (fTimeInput) // Maya reads the folded time back in whole ticks
-        at = std::llround(at * kTicksPerSecond) / kTicksPerSecond;
+        at = wholeTicks(at);
 
     Sample result = sampleInRange(at);
     if (mirrored)
@@ -696,23 +701,12 @@ bool AnimCurveData::setTangent(std::size_t index, Side side, Tangent tangent, Ed
     return true;
 }
 
-bool AnimCurveData::setTangentsLocked(std::size_t index, bool locked, EditSink* sink)
+bool AnimCurveData::setLock(std::size_t index, bool Key::*lock, bool locked, EditSink* sink)
 {
     if (index >= fKeys.size())
         return false;
     edit(index, 1, sink, [&]() -> std::ptrdiff_t {
-        fKeys[index].tangentsLocked = locked;
-        return 0;
-    });
-    return true;
-}
-
-bool AnimCurveData::setWeightsLocked(std::size_t index, bool locked, EditSink* sink)
-{
-    if (index >= fKeys.size())
-        return false;
-    edit(index, 1, sink, [&]() -> std::ptrdiff_t {
-        fKeys[index].weightsLocked = locked;
+        fKeys[index].*lock = locked;
         return 0;
     });
     return true;

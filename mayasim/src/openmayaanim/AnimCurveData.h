@@ -23,6 +23,9 @@
 
 namespace mayasim::anim {
 
+// A time in seconds moved to the nearest whole tick, as Maya holds times.
+DLL_PUBLIC double wholeTicks(double seconds);
+
 // MFnAnimCurve::TangentType's values. Every value of that enum can be stored
 // and read back; the shared and plug-in types evaluate as smooth ones.
 enum class TangentType : int
@@ -171,8 +174,14 @@ public:
     // Writes a tangent, which makes that side fixed; with locked tangents the
     // other side turns to the same direction and becomes fixed as well.
     bool setTangent(std::size_t index, Side side, Tangent tangent, EditSink* sink);
-    bool setTangentsLocked(std::size_t index, bool locked, EditSink* sink);
-    bool setWeightsLocked(std::size_t index, bool locked, EditSink* sink);
+    bool setTangentsLocked(std::size_t index, bool locked, EditSink* sink)
+    {
+        return setLock(index, &Key::tangentsLocked, locked, sink);
+    }
+    bool setWeightsLocked(std::size_t index, bool locked, EditSink* sink)
+    {
+        return setLock(index, &Key::weightsLocked, locked, sink);
+    }
     void setWeighted(bool weighted, EditSink* sink);
     void setInfinity(Side side, InfinityType type, EditSink* sink); // In: pre-infinity
 
@@ -206,6 +215,7 @@ private:
     // the curve by the returned amount, and records what it did.
     template <class Change>
     void edit(std::size_t first, std::size_t count, EditSink* sink, Change&& change);
+    bool setLock(std::size_t index, bool Key::*lock, bool locked, EditSink* sink);
     std::size_t neighbourhood(std::size_t index) const { return index == 0 ? 0 : index - 1; }
     std::size_t windowEnd(std::size_t index) const { return index + 2 < fKeys.size() ? index + 2 : fKeys.size(); }
 

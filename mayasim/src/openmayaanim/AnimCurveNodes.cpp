@@ -1,0 +1,119 @@
+#include "openmayaanim/AnimCurveNodes.h"
+
+#include "scene/Evaluation.h"
+#include "scene/NodeType.h"
+
+#include <map>
+
+namespace mayasim::anim {
+
+namespace {
+
+const CurveKind kKinds[] = {
+    {0, "animCurveTA", true, OutputUnit::Angle},  {1, "animCurveTL", true, OutputUnit::Distance},
+    {2, "animCurveTT", true, OutputUnit::Time},   {3, "animCurveTU", true, OutputUnit::Unitless},
+    {4, "animCurveUA", false, OutputUnit::Angle}, {5, "animCurveUL", false, OutputUnit::Distance},
+    {6, "animCurveUT", false, OutputUnit::Time},  {7, "animCurveUU", false, OutputUnit::Unitless},
+};
+
+const MFn::Type kApiTypes[] = {MFn::kAnimCurveTimeToAngular,     MFn::kAnimCurveTimeToDistance,
+                               MFn::kAnimCurveTimeToTime,        MFn::kAnimCurveTimeToUnitless,
+                               MFn::kAnimCurveUnitlessToAngular, MFn::kAnimCurveUnitlessToDistance,
+                               MFn::kAnimCurveUnitlessToTime,    MFn::kAnimCurveUnitlessToUnitless};
+
+// Maya's type ids: 'PCTA', 'PCTL', ... ("param curve").
+unsigned int typeIdOf(const CurveKind& kind)
+{
+    const std::string name = kind.typeName;
+    return 0x50430000u | (static_cast<unsigned int>(name[9]) << 8) | static_cast<unsigned int>(name[10]);
+}
+
+AttributePtr valueAttribute(const std::string& longName, const std::string& shortName, OutputUnit unit)
+{
+    switch (unit)
+    {
+    case OutputUnit::Angle: return makeUnit(longName, shortName, MFnUnitAttribute::kAngle);
+    case OutputUnit::Distance: return makeUnit(longName, shortName, MFnUnitAttribute::kDistance);
+    case OutputUnit::Time: return makeUnit(longName, shortName, MFnUnitAttribute::kTime);
+    case OutputUnit::Unitless: break;
+    }
+    return makeNumeric(longName, shortName, MFnNumericData::kDouble);
+}
+
+std::optional<Value> computeOutput(Node& node, const PlugKey& key)
+{
+    if (key.attribute->longName != "output")
+        return std::nullopt;
+    const CurveKind* kind = curveKind(node);
+    const PlugKey input{node.findAttribute("input").get(), {}};
+    double at;
+    if (kind->timeInput && !eval::drivingSource(node, input))
+        at = wholeTicks(eval::evaluationTime().as(MTime::kSeconds));
+    else
+        at = eval::read(node, input).number;
+    return Value::ofNumber(curveData(node)->evaluate(at));
+}
+
+void registerCurveTypes()
+{
+    NodeTypePtr base = makeNodeType("animCurve", findNodeType("node"), MFn::kAnimCurve);
+    base->abstract = true;
+    registerNodeType(base);
+    for (std::size_t i = 0; i < std::size(kKinds); ++i)
+    {
+        const CurveKind& kind = kKinds[i];
+        NodeTypePtr type = makeNodeType(kind.typeName, base, kApiTypes[i], typeIdOf(kind));
+        type->addAttribute(valueAttribute("input", "i", kind.timeInput ? OutputUnit::Time : OutputUnit::Unitless));
+        AttributePtr output = valueAttribute("output", "o", kind.output);
+        output->writable = false;
+        output->storable = false;
+        type->addAttribute(output);
+        type->compute = computeOutput;
+        registerNodeType(type);
+    }
+}
+
+const bool registered = (registerCurveTypes(), true);
+
+struct Held
+{
+    std::weak_ptr<Object> node;
+    std::shared_ptr<AnimCurveData> data;
+};
+
+// Curves by node. An entry is only trusted while its node lives, as a new
+// node may come to the address of a destroyed one.
+std::map<const Node*, Held>& curves()
+{
+    static std::map<const Node*, Held> table;
+    return table;
+}
+
+} // namespace
+
+const CurveKind* curveKind(int animCurveType)
+{
+    return animCurveType >= 0 && animCurveType < static_cast<int>(std::size(kKinds)) ? &kKinds[animCurveType] : nullptr;
+}
+
+const CurveKind* curveKind(const Node& node)
+{
+    for (const CurveKind& kind : kKinds)
+        if (node.type()->name == kind.typeName)
+            return &kind;
+    return nullptr;
+}
+
+std::shared_ptr<AnimCurveData> curveData(Node& node)
+{
+    auto found = curves().find(&node);
+    if (found != curves().end() && found->second.node.lock().get() == &node)
+        return found->second.data;
+    for (auto it = curves().begin(); it != curves().end();)
+        it = it->second.node.expired() ? curves().erase(it) : std::next(it);
+    auto data = std::make_shared<AnimCurveData>(curveKind(node)->timeInput);
+    curves()[&node] = {node.weak_from_this(), data};
+    return data;
+}
+
+} // namespace mayasim::anim
