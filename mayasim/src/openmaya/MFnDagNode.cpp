@@ -56,6 +56,12 @@ MStatus MFnDagNode::setObject(const MObject& object)
 
 namespace {
 
+// Only DAG types are created through MFnDagNode.
+NodeTypePtr dagType(const NodeTypePtr& type)
+{
+    return type && type->dag ? type : nullptr;
+}
+
 Node* dagNode(const MObject& object, MStatus* status)
 {
     Node* node = nodeObject(object);
@@ -63,42 +69,26 @@ Node* dagNode(const MObject& object, MStatus* status)
     return node && node->isDag() ? node : nullptr;
 }
 
-MObject createDag(MFnDagNode& fn, const NodeTypePtr& type, const std::string& name, const MObject& parent,
-                  MStatus* status)
-{
-    NodePtr parentNode = nodePtr(parent);
-    NodePtr created;
-    MStatus result = type && type->dag && (parent.isNull() || parentNode)
-                         ? applyDirect([&](EditList& edits) { created = ops::createNode(edits, type, name, parentNode); })
-                         : MStatus(MS::kInvalidParameter);
-    setStatus(status, result.statusCode());
-    if (!result)
-        return MObject();
-    MObject object = objectOf(created.get());
-    fn.setObject(object);
-    return object;
-}
-
 } // namespace
 
 MObject MFnDagNode::create(const MTypeId& typeId, MObject& parent, MStatus* ReturnStatus)
 {
-    return createDag(*this, findNodeType(typeId.id()), "", parent, ReturnStatus);
+    return createForFunctionSet(*this, dagType(findNodeType(typeId.id())), "", parent, ReturnStatus);
 }
 
 MObject MFnDagNode::create(const MTypeId& typeId, const MString& name, MObject& parent, MStatus* ReturnStatus)
 {
-    return createDag(*this, findNodeType(typeId.id()), name.asChar(), parent, ReturnStatus);
+    return createForFunctionSet(*this, dagType(findNodeType(typeId.id())), name.asChar(), parent, ReturnStatus);
 }
 
 MObject MFnDagNode::create(const MString& type, MObject& parent, MStatus* ReturnStatus)
 {
-    return createDag(*this, findNodeType(type.asChar()), "", parent, ReturnStatus);
+    return createForFunctionSet(*this, dagType(findNodeType(type.asChar())), "", parent, ReturnStatus);
 }
 
 MObject MFnDagNode::create(const MString& type, const MString& name, MObject& parent, MStatus* ReturnStatus)
 {
-    return createDag(*this, findNodeType(type.asChar()), name.asChar(), parent, ReturnStatus);
+    return createForFunctionSet(*this, dagType(findNodeType(type.asChar())), name.asChar(), parent, ReturnStatus);
 }
 
 unsigned int MFnDagNode::parentCount(MStatus* ReturnStatus) const

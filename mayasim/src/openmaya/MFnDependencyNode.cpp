@@ -13,6 +13,22 @@
 
 using namespace mayasim;
 
+MObject mayasim::createForFunctionSet(MFnBase& functionSet, const NodeTypePtr& type, const std::string& name,
+                                     const MObject& parent, MStatus* status)
+{
+    NodePtr parentNode = nodePtr(parent);
+    NodePtr created;
+    MStatus result = type && !type->abstract && (parent.isNull() || parentNode)
+                         ? applyDirect([&](EditList& edits) { created = ops::createNode(edits, type, name, parentNode); })
+                         : MStatus(MS::kInvalidParameter);
+    setStatus(status, result.statusCode());
+    if (!result)
+        return MObject();
+    MObject object = objectOf(created.get());
+    functionSet.setObject(object);
+    return object;
+}
+
 namespace {
 
 NodePtr nodeOf(const MObject& object, MStatus* status)
@@ -43,41 +59,24 @@ MFn::Type MFnDependencyNode::type() const
     return MFn::kDependencyNode;
 }
 
-namespace {
-
-MObject createNode(MFnDependencyNode& fn, const NodeTypePtr& type, const std::string& name, MStatus* status)
-{
-    NodePtr created;
-    MStatus result = type ? applyDirect([&](EditList& edits) { created = ops::createNode(edits, type, name, nullptr); })
-                          : MStatus(MS::kInvalidParameter);
-    setStatus(status, result.statusCode());
-    if (!result)
-        return MObject();
-    MObject object = objectOf(created.get());
-    fn.setObject(object);
-    return object;
-}
-
-} // namespace
-
 MObject MFnDependencyNode::create(const MTypeId& typeId, MStatus* ReturnStatus)
 {
-    return createNode(*this, findNodeType(typeId.id()), "", ReturnStatus);
+    return createForFunctionSet(*this, findNodeType(typeId.id()), "", MObject(), ReturnStatus);
 }
 
 MObject MFnDependencyNode::create(const MTypeId& typeId, const MString& name, MStatus* ReturnStatus)
 {
-    return createNode(*this, findNodeType(typeId.id()), name.asChar(), ReturnStatus);
+    return createForFunctionSet(*this, findNodeType(typeId.id()), name.asChar(), MObject(), ReturnStatus);
 }
 
 MObject MFnDependencyNode::create(const MString& type, MStatus* ReturnStatus)
 {
-    return createNode(*this, findNodeType(type.asChar()), "", ReturnStatus);
+    return createForFunctionSet(*this, findNodeType(type.asChar()), "", MObject(), ReturnStatus);
 }
 
 MObject MFnDependencyNode::create(const MString& type, const MString& name, MStatus* ReturnStatus)
 {
-    return createNode(*this, findNodeType(type.asChar()), name.asChar(), ReturnStatus);
+    return createForFunctionSet(*this, findNodeType(type.asChar()), name.asChar(), MObject(), ReturnStatus);
 }
 
 MTypeId MFnDependencyNode::typeId(MStatus* ReturnStatus) const

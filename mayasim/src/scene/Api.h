@@ -5,7 +5,12 @@
 #include "engine/Command.h"
 #include "scene/Edits.h"
 
+#include "scene/NodeType.h"
+
+#include <maya/MObject.h>
 #include <maya/MStatus.h>
+
+class MFnBase;
 
 namespace mayasim {
 
@@ -30,5 +35,10 @@ MStatus applyDirect(Work&& work)
         return MS::kFailure;
     }
 }
+
+// Creates a node for a function set's create(): attaches the set to it.
+// Fails for unknown or abstract types, and for a parent given but not found.
+MObject createForFunctionSet(MFnBase& functionSet, const NodeTypePtr& type, const std::string& name,
+                             const MObject& parent, MStatus* status);
 
 } // namespace mayasim

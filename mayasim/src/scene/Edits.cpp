@@ -254,36 +254,36 @@ EditPtr setChannelBox(NodePtr node, PlugKey key, bool channelBox)
         node, key, [channelBox](PlugState& state) { state.channelBox = channelBox; }, 0);
 }
 
+namespace {
+
+void insertAttribute(const NodePtr& node, const AttributePtr& attribute, long position)
+{
+    auto& attributes = node->dynamicAttributes;
+    const long at = position < 0 ? static_cast<long>(attributes.size())
+                                 : std::min<long>(position, static_cast<long>(attributes.size()));
+    attributes.insert(attributes.begin() + at, attribute);
+    fireAttribute(*node, keyOf(*attribute), MNodeMessage::kAttributeAdded);
+}
+
+void eraseAttribute(const NodePtr& node, const AttributePtr& attribute)
+{
+    fireAttribute(*node, keyOf(*attribute), MNodeMessage::kAttributeRemoved);
+    auto& attributes = node->dynamicAttributes;
+    attributes.erase(std::remove(attributes.begin(), attributes.end(), attribute), attributes.end());
+}
+
+} // namespace
+
 EditPtr addAttribute(NodePtr node, AttributePtr attribute)
 {
-    auto add = [node, attribute] {
-        node->dynamicAttributes.push_back(attribute);
-        fireAttribute(*node, keyOf(*attribute), MNodeMessage::kAttributeAdded);
-    };
-    auto remove = [node, attribute] {
-        fireAttribute(*node, keyOf(*attribute), MNodeMessage::kAttributeRemoved);
-        auto& list = node->dynamicAttributes;
-        list.erase(std::remove(list.begin(), list.end(), attribute), list.end());
-    };
-    return lambda(add, remove);
+    return lambda([=] { insertAttribute(node, attribute, -1); }, [=] { eraseAttribute(node, attribute); });
 }
 
 EditPtr removeAttribute(NodePtr node, AttributePtr attribute)
 {
-    auto& list = node->dynamicAttributes;
-    const long position = std::find(list.begin(), list.end(), attribute) - list.begin();
-    auto add = [node, attribute, position] {
-        auto& attributes = node->dynamicAttributes;
-        attributes.insert(attributes.begin() + std::min<long>(position, static_cast<long>(attributes.size())),
-                          attribute);
-        fireAttribute(*node, keyOf(*attribute), MNodeMessage::kAttributeAdded);
-    };
-    auto remove = [node, attribute] {
-        fireAttribute(*node, keyOf(*attribute), MNodeMessage::kAttributeRemoved);
-        auto& attributes = node->dynamicAttributes;
-        attributes.erase(std::remove(attributes.begin(), attributes.end(), attribute), attributes.end());
-    };
-    return lambda(remove, add);
+    const auto& attributes = node->dynamicAttributes;
+    const long position = std::find(attributes.begin(), attributes.end(), attribute) - attributes.begin();
+    return lambda([=] { eraseAttribute(node, attribute); }, [=] { insertAttribute(node, attribute, position); });
 }
 
 EditPtr reparent(NodePtr node, NodePtr parent)
