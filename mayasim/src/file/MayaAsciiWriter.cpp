@@ -1,6 +1,7 @@
 #include "engine/Command.h"
 #include "engine/Dispatch.h"
 #include "engine/FileInfo.h"
+#include "engine/Plugins.h"
 #include "file/MayaAscii.h"
 #include "foundation/NumberText.h"
 #include "scene/Scene.h"
@@ -10,6 +11,7 @@
 #include <maya/MString.h>
 #include <maya/MTime.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -243,6 +245,34 @@ std::vector<NodePtr> nodesInFileOrder()
     return ordered;
 }
 
+// "requires -nodeType ..." for each plug-in whose node types the scene uses.
+std::string pluginRequirements(const std::vector<NodePtr>& nodes)
+{
+    std::vector<std::pair<std::string, std::vector<std::string>>> plugins; // in order of first use
+    for (const NodePtr& node : nodes)
+    {
+        const NodeType& type = *node->type();
+        if (type.pluginName.empty())
+            continue;
+        auto plugin = std::find_if(plugins.begin(), plugins.end(),
+                                   [&](const auto& entry) { return entry.first == type.pluginName; });
+        if (plugin == plugins.end())
+            plugin = plugins.insert(plugins.end(), {type.pluginName, {}});
+        if (std::find(plugin->second.begin(), plugin->second.end(), type.name) == plugin->second.end())
+            plugin->second.push_back(type.name);
+    }
+    std::string lines;
+    for (const auto& [name, types] : plugins)
+    {
+        const auto loaded = plugins::findLoaded(name);
+        lines += "requires";
+        for (const std::string& type : types)
+            lines += " -nodeType " + melString(type);
+        lines += " " + melString(name) + " " + melString(loaded ? loaded->version : "Unknown") + ";\n";
+    }
+    return lines;
+}
+
 // The value of a MEL query, for the scene settings the file restores.
 std::string queried(const std::string& command)
 {
@@ -270,12 +300,11 @@ void writeMayaAscii(const std::string& path)
     const std::string name = std::filesystem::path(path).filename().string();
     std::ostringstream out;
     out << "//Maya ASCII 2022 scene\n//Name: " << name << "\n//Codeset: UTF-8\n";
-    out << "requires maya \"2022\";\n";
+    const std::vector<NodePtr> nodes = nodesInFileOrder();
+    out << "requires maya \"2022\";\n" << pluginRequirements(nodes);
     out << settingsLine("currentUnit", {{"-l", "-fullName -linear"}, {"-a", "-fullName -angle"}, {"-t", "-time"}});
     for (const auto& [key, value] : fileInfo())
         out << "fileInfo " << melString(key) << " " << melString(value) << ";\n";
-
-    const std::vector<NodePtr> nodes = nodesInFileOrder();
     for (const NodePtr& node : nodes)
         writeNode(out, *node);
     for (const NodePtr& node : nodes)

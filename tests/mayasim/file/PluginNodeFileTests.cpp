@@ -68,6 +68,8 @@ TEST_F(PluginNodeFile, FileValueOverwritesWhatPostConstructorSet)
 
     const std::string path = scratchFile("stamps.ma");
     ASSERT_TRUE(MFileIO::saveAs(path.c_str()));
+    EXPECT_NE(contents(path).find("requires -nodeType \"fileTestStamp\" \"fileTestPlugin\" \"1.0\";\n"),
+              std::string::npos);
     ASSERT_TRUE(MFileIO::open(path.c_str(), nullptr, true));
     EXPECT_EQ(melNumber("getAttr stored.stamp"), 7.0);
     EXPECT_EQ(melNumber("getAttr fresh.stamp"), 42.0);
