@@ -123,6 +123,10 @@ TEST_F(CommandTest, ListRelativesAndLs)
     EXPECT_EQ(melStrings("ls -type locator"), (std::vector<std::string>{"midShape"}));
     EXPECT_EQ(melStrings("ls \"m*\""), (std::vector<std::string>{"mid", "midShape"}));
     EXPECT_EQ(melStrings("ls -l -dag \"*f\""), (std::vector<std::string>{"|top|mid|leaf"}));
+    int transforms = 0;
+    for (MItDependencyNodes it(MFn::kTransform); !it.isDone(); it.next())
+        ++transforms;
+    EXPECT_EQ(transforms, 3);
 }
 
 TEST_F(CommandTest, ParentToTheWorldAndShapeParenting)

@@ -5,6 +5,7 @@
 #include "TestNodes.h"
 
 #include <maya/MAngle.h>
+#include <maya/MAnimControl.h>
 #include <maya/MDGContextGuard.h>
 #include <maya/MDGModifier.h>
 #include <maya/MFnAttribute.h>
@@ -152,8 +153,14 @@ TEST_F(PlugTest, ValueSetOnADrivenPlugHoldsAtTheCurrentTime)
     modifier.newPlugValueDouble(plugNamed("n.tx"), 9.0);
     ASSERT_TRUE(modifier.doIt());
     EXPECT_EQ(plugNamed("n.tx").asDouble(), 9.0) << "held at the current time";
-    MDGContextGuard guard(MDGContext(MTime(3.0, MTime::kFilm)));
-    EXPECT_EQ(plugNamed("n.tx").asDouble(), 11.0) << "another time evaluates the source";
+    {
+        MDGContextGuard guard(MDGContext(MTime(3.0, MTime::kFilm)));
+        EXPECT_EQ(plugNamed("n.tx").asDouble(), 11.0) << "another time evaluates the source";
+    }
+    EXPECT_EQ(plugNamed("n.tx").asDouble(), 9.0);
+    ASSERT_TRUE(MAnimControl::setCurrentTime(MTime(now + 1.0, MTime::kFilm)));
+    EXPECT_EQ(plugNamed("n.tx").asDouble(), 5.0 + 2.0 * (now + 1.0)) << "a time change re-evaluates";
+    MAnimControl::setCurrentTime(MTime(now, MTime::kFilm));
 }
 
 TEST_F(PlugTest, ReadsInsideAContextGuardHappenAtItsTime)
