@@ -19,7 +19,9 @@ public:
 // when undo is off, and while the queue itself is undoing or redoing.
 void recordUndo(std::unique_ptr<UndoItem> item);
 
-// True while recordUndo would keep an item (undo on, not undoing/redoing).
+// True while recordUndo would keep an item: a built-in command is running
+// (its items are kept to take back if it fails, and join the undo queue when
+// undo is on) and the queue is not undoing or redoing.
 bool undoRecording();
 
 } // namespace mayasim
