@@ -193,7 +193,9 @@ void writeAddAttr(std::ostream& out, const Attribute& attribute)
         writeAddAttr(out, *child);
 }
 
-void writeNode(std::ostream& out, const Node& node)
+// Locks on connected plugs wait until the connections are made: a locked
+// destination refuses connectAttr.
+void writeNode(std::ostream& out, const Node& node, std::vector<std::string>& lateLocks)
 {
     out << "createNode " << node.type()->name << " -n " << melString(node.name);
     if (const NodePtr parent = node.parentNode())
@@ -205,10 +207,12 @@ void writeNode(std::ostream& out, const Node& node)
     for (const auto& [key, state] : node.plugs)
     {
         const Attribute& attribute = *key.attribute;
-        if (!storable(attribute) || node.incoming.count(key))
+        if (!storable(attribute))
             continue;
         const std::string path = melString(plugPath(key));
-        if (!state.value.isEmpty() && state.value != attribute.defaultValue)
+        // A connected plug's value comes from its input when the file is read.
+        const bool connected = node.incoming.count(key) > 0;
+        if (!connected && !state.value.isEmpty() && state.value != attribute.defaultValue)
         {
             const std::string value = valueText(attribute, state.value, attribute.dataType);
             if (!value.empty())
@@ -219,7 +223,9 @@ void writeNode(std::ostream& out, const Node& node)
             flags += *state.keyable ? " -k on" : " -k off";
         if (state.channelBox && *state.channelBox != attribute.channelBox)
             flags += *state.channelBox ? " -cb on" : " -cb off";
-        if (state.locked)
+        if (state.locked && connected)
+            lateLocks.push_back(scene::partialPathName(node) + plugPath(key));
+        else if (state.locked)
             flags += " -l on";
         if (!flags.empty())
             out << "\tsetAttr" << flags << " " << path << ";\n";
@@ -305,13 +311,16 @@ void writeMayaAscii(const std::string& path)
     out << settingsLine("currentUnit", {{"-l", "-fullName -linear"}, {"-a", "-fullName -angle"}, {"-t", "-time"}});
     for (const auto& [key, value] : fileInfo())
         out << "fileInfo " << melString(key) << " " << melString(value) << ";\n";
+    std::vector<std::string> lateLocks;
     for (const NodePtr& node : nodes)
-        writeNode(out, *node);
+        writeNode(out, *node, lateLocks);
     for (const NodePtr& node : nodes)
         for (const auto& [key, source] : node->incoming)
             if (const NodePtr from = source.lock())
                 out << "connectAttr " << melString(scene::partialPathName(*from) + plugPath(source.key)) << " "
                     << melString(scene::partialPathName(*node) + plugPath(key)) << ";\n";
+    for (const std::string& plug : lateLocks)
+        out << "setAttr -l on " << melString(plug) << ";\n";
     out << settingsLine("playbackOptions", {{"-min", "-min"}, {"-max", "-max"}, {"-ast", "-ast"}, {"-aet", "-aet"}});
     out << "// End of " << name << "\n";
 

@@ -79,7 +79,7 @@ TEST_F(MayaAscii, SavedSceneLoadsBackTheSame)
                     "createNode locator -n boneShape -p bone;"
                     "addAttr -ln weight -at double -dv 0.5 -k true root; setAttr root.weight 0.75;"
                     "addAttr -ln note -dt \"string\" root; setAttr -type \"string\" root.note \"a \\\"quoted\\\"; note\";"
-                    "connectAttr root.weight child.sx;"
+                    "connectAttr root.weight child.sx; setAttr -lock on child.sx;"
                     "fileInfo \"studio\" \"test\";"));
     const std::string first = scratchFile("first.ma");
     const std::string second = scratchFile("second.ma");
@@ -98,6 +98,7 @@ TEST_F(MayaAscii, SavedSceneLoadsBackTheSame)
     EXPECT_THAT(melNumbers("getAttr bone.jointOrient"), Pointwise(DoubleNear(1e-9), {0.0, 0.0, -15.0}));
     EXPECT_EQ(melString("getAttr root.weight"), "0.75");
     EXPECT_EQ(melString("getAttr child.sx"), "0.75");
+    EXPECT_EQ(melString("getAttr -lock child.sx"), "1");
     EXPECT_EQ(melString("getAttr root.note"), "a \"quoted\"; note");
     EXPECT_THAT(melStrings("fileInfo -q \"studio\""), ElementsAre("test"));
 
