@@ -10,6 +10,7 @@
 #include "scene/Transform.h"
 
 #include <maya/MDGModifier.h>
+#include <maya/MFileIO.h>
 #include <maya/MPxNode.h>
 
 namespace mayasim::ops {
@@ -178,7 +179,9 @@ void connect(EditList& edits, const PlugAddress& source, const PlugAddress& dest
     if (!destination.key.attribute->writable)
         throw MelError("The destination attribute '" + plugText(*to, destination.key) +
                        "' cannot be connected to because it is not writable.");
-    if (locked(*to, destination.key))
+    // Files lock channels before their connections come; reading one may
+    // connect to a locked plug.
+    if (locked(*to, destination.key) && !MFileIO::isReadingFile())
         throw MelError("The destination attribute '" + plugText(*to, destination.key) + "' is locked.");
     auto existing = to->incoming.find(destination.key);
     if (existing != to->incoming.end())
