@@ -63,5 +63,26 @@ void advanceClock(double seconds);
 // Sets a named condition (e.g. "playblasting") and fires its callbacks.
 void setCondition(const std::string& name, bool state);
 
+// --- UI state: graph editor, channel box, time slider ----------------------
+// What Maya's panels hold and MEL queries answer from (keyframe, selectKey,
+// channelBox, timeControl). The graph editor's key selection, by curve node
+// name and key index: picking keys puts their curves into the active
+// selection, as Maya does; a curve that leaves the active selection loses
+// its picked keys. False when there is no such curve or key.
+bool selectKeys(const std::string& curve, const std::vector<unsigned int>& indices);
+bool deselectKeys(const std::string& curve, const std::vector<unsigned int>& indices);
+void clearKeySelection();
+std::vector<unsigned int> selectedKeys(const std::string& curve);
+
+// The highlighted attributes of each channel box section, as short names.
+enum class ChannelBoxSection { Main, Shape, Output, History };
+void setChannelBoxHighlight(ChannelBoxSection section, const std::vector<std::string>& shortNames);
+std::vector<std::string> channelBoxHighlight(ChannelBoxSection section);
+
+// The time slider's highlighted frames, first to last (UI time unit).
+// timeControl answers with the range one frame past the last.
+void setTimeSliderHighlight(double first, double last);
+void clearTimeSliderHighlight();
+
 } // namespace mayasim::host
 #pragma GCC visibility pop

@@ -37,8 +37,8 @@ class RangeChange : public UndoItem
 {
 public:
     RangeChange(anim::PlaybackRange before, anim::PlaybackRange after) : fBefore(before), fAfter(after) {}
-    void undo() override { anim::restoreRange(fBefore); }
-    void redo() override { anim::restoreRange(fAfter); }
+    void undo() override { anim::setPlaybackRange(fBefore); }
+    void redo() override { anim::setPlaybackRange(fAfter); }
 
 private:
     anim::PlaybackRange fBefore;
@@ -50,28 +50,35 @@ MelValue playbackOptions(const Invocation& call)
     const ParsedArgs args(call.name, call.words,
                           {{"q", "query", 0}, {"e", "edit", 0}, {"min", "minTime", 1}, {"max", "maxTime", 1},
                            {"ast", "animationStartTime", 1}, {"aet", "animationEndTime", 1}});
+    using Range = anim::PlaybackRange;
+    struct End
+    {
+        const char* flag;
+        anim::RangeEnd end;
+        MTime Range::*field;
+    };
     // The animation range first: the playback range then lands where asked.
-    const std::pair<const char*, anim::RangeEnd> ends[] = {{"animationStartTime", anim::RangeEnd::AnimationStart},
-                                                           {"animationEndTime", anim::RangeEnd::AnimationEnd},
-                                                           {"minTime", anim::RangeEnd::Min},
-                                                           {"maxTime", anim::RangeEnd::Max}};
-    const anim::PlaybackRange& range = anim::playbackRange();
+    const End ends[] = {{"animationStartTime", anim::RangeEnd::AnimationStart, &Range::animationStart},
+                        {"animationEndTime", anim::RangeEnd::AnimationEnd, &Range::animationEnd},
+                        {"minTime", anim::RangeEnd::Min, &Range::minTime},
+                        {"maxTime", anim::RangeEnd::Max, &Range::maxTime}};
+    const Range before = anim::playbackRange();
     if (args.has("query"))
     {
-        const MTime anim::PlaybackRange::*fields[] = {&anim::PlaybackRange::animationStart,
-                                                      &anim::PlaybackRange::animationEnd,
-                                                      &anim::PlaybackRange::minTime, &anim::PlaybackRange::maxTime};
-        for (size_t i = 0; i < 4; ++i)
-            if (args.has(ends[i].first))
-                return MelValue::ofFloat(uiTime(range.*fields[i]));
+        for (const End& end : ends)
+            if (args.has(end.flag))
+                return MelValue::ofFloat(uiTime(before.*end.field));
         throw MelError("playbackOptions: Nothing to query.");
     }
-    const anim::PlaybackRange before = range;
-    for (const auto& [flag, end] : ends)
-        if (args.has(flag))
-            anim::setRangeEnd(end, timeArgument(args.args(flag).at(0).text, call.name));
-    if (range != before)
-        recordUndo(std::make_unique<RangeChange>(before, range));
+    Range after = before;
+    for (const End& end : ends)
+        if (args.has(end.flag))
+            after = anim::withEnd(after, end.end, timeArgument(args.args(end.flag).at(0).text, call.name));
+    if (after != before)
+    {
+        anim::setPlaybackRange(after);
+        recordUndo(std::make_unique<RangeChange>(before, after));
+    }
     return MelValue::none();
 }
 

@@ -31,6 +31,8 @@ enum class Channel
     NameChanged,
     WorldMatrix,
     Timer,
+    AnimCurveEdited,
+    AnimKeyframeEdited,
 };
 
 // The function the client registered, kept untyped; each message casts it

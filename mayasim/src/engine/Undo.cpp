@@ -30,6 +30,7 @@ struct QueueState
     bool redoing = false;
     bool rollingBack = false;
     CommandFrame* frame = nullptr; // innermost running command
+    std::vector<std::function<void()>> afterRun;
 };
 
 QueueState& queue()
@@ -145,8 +146,17 @@ Execution::Execution() : fOutermost(queue().executionDepth == 0)
 Execution::~Execution()
 {
     --queue().executionDepth;
-    if (fOutermost)
-        commitRunning("");
+    if (!fOutermost)
+        return;
+    commitRunning("");
+    // Work queued meanwhile may queue more, or start runs of its own.
+    while (!queue().afterRun.empty())
+    {
+        std::vector<std::function<void()>> work = std::move(queue().afterRun);
+        queue().afterRun.clear();
+        for (auto& item : work)
+            item();
+    }
 }
 
 void Execution::statementFinished(const std::string& text)
@@ -279,6 +289,14 @@ bool undoRecording()
 {
     const undo::CommandFrame* frame = undo::queue().frame;
     return frame && frame->fBuiltin && !undo::replaying();
+}
+
+void afterRun(std::function<void()> work)
+{
+    if (undo::queue().executionDepth > 0)
+        undo::queue().afterRun.push_back(std::move(work));
+    else
+        work();
 }
 
 } // namespace mayasim

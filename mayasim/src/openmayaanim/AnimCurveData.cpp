@@ -507,22 +507,41 @@ Key AnimCurveData::newKey(double input, double value, TangentType inType, Tangen
 
 // --- edits ---------------------------------------------------------------
 
+namespace {
+
+EditObserver& editObserver()
+{
+    static EditObserver observer = nullptr;
+    return observer;
+}
+
+} // namespace
+
+void setEditObserver(EditObserver observer)
+{
+    editObserver() = observer;
+}
+
 template <class Change>
 void AnimCurveData::edit(std::size_t first, std::size_t count, EditSink* sink, Change&& change)
 {
     CurveEdit record;
-    if (sink)
+    const bool recording = sink || editObserver();
+    if (recording)
     {
         record.first = first;
         record.before.assign(fKeys.begin() + first, fKeys.begin() + first + count);
         record.settingsBefore = fSettings;
     }
     const std::ptrdiff_t grown = change();
-    if (sink)
+    if (recording)
     {
         record.after.assign(fKeys.begin() + first, fKeys.begin() + first + count + grown);
         record.settingsAfter = fSettings;
-        sink->record(*this, std::move(record));
+        if (editObserver())
+            editObserver()(*this, record);
+        if (sink)
+            sink->record(*this, std::move(record));
     }
     if (fListener)
         fListener();
@@ -755,6 +774,10 @@ void AnimCurveData::apply(const CurveEdit& edit, bool forward)
     fKeys.erase(at, at + static_cast<std::ptrdiff_t>(from.size()));
     fKeys.insert(fKeys.begin() + static_cast<std::ptrdiff_t>(edit.first), to.begin(), to.end());
     fSettings = forward ? edit.settingsAfter : edit.settingsBefore;
+    if (editObserver())
+        editObserver()(
+            *this,
+            forward ? edit : CurveEdit{edit.first, edit.after, edit.before, edit.settingsAfter, edit.settingsBefore});
     if (fListener)
         fListener();
 }

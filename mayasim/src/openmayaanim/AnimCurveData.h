@@ -118,6 +118,11 @@ public:
     virtual void record(AnimCurveData& curve, CurveEdit edit) = 0;
 };
 
+// Sees every change of any curve as it is made, undo and redo included (the
+// keyframe-edited messages are built from these).
+using EditObserver = void (*)(AnimCurveData& curve, const CurveEdit& edit);
+DLL_PUBLIC void setEditObserver(EditObserver observer);
+
 // The types kTangentGlobal stands for: the host's preference that
 // `keyTangent -global` edits. Maya 2022 starts with auto for both sides.
 struct DefaultTangentTypes
@@ -210,12 +215,12 @@ private:
     std::size_t insertionPoint(double input) const;
     static Key newKey(double input, double value, TangentType inType, TangentType outType);
     void setFixed(Key& key, Side side, const Tangent& tangent) const;
+    bool setLock(std::size_t index, bool Key::*lock, bool locked, EditSink* sink);
 
     // Runs `change` over keys [first, first + count), which may grow or shrink
     // the curve by the returned amount, and records what it did.
     template <class Change>
     void edit(std::size_t first, std::size_t count, EditSink* sink, Change&& change);
-    bool setLock(std::size_t index, bool Key::*lock, bool locked, EditSink* sink);
     std::size_t neighbourhood(std::size_t index) const { return index == 0 ? 0 : index - 1; }
     std::size_t windowEnd(std::size_t index) const { return index + 2 < fKeys.size() ? index + 2 : fKeys.size(); }
 

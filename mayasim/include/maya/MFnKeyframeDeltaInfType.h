@@ -1,0 +1,20 @@
+#pragma once
+#include <maya/MFnAnimCurve.h>
+#include <maya/MFnKeyframeDelta.h>
+
+//! A change of a curve's pre- or post-infinity type.
+class OPENMAYAANIM_EXPORT MFnKeyframeDeltaInfType : public MFnKeyframeDelta
+{
+public:
+    MFnKeyframeDeltaInfType();
+    MFnKeyframeDeltaInfType(MObject& object, MStatus* ReturnStatus = NULL);
+    MFnKeyframeDeltaInfType(const MObject& object, MStatus* ReturnStatus = NULL);
+    ~MFnKeyframeDeltaInfType() override;
+    MFn::Type type() const override;
+
+    MFnAnimCurve::InfinityType previousInfinityType(MStatus* ReturnStatus = NULL) const;
+    MFnAnimCurve::InfinityType currentInfinityType(MStatus* ReturnStatus = NULL) const;
+    bool isPreInfinity(MStatus* ReturnStatus = NULL) const;
+
+    static const char* className();
+};

@@ -1,0 +1,22 @@
+#pragma once
+#include <maya/MFnAnimCurve.h>
+#include <maya/MFnKeyframeDelta.h>
+
+//! A change of one side of a key's tangent: its type or its direction.
+class OPENMAYAANIM_EXPORT MFnKeyframeDeltaTangent : public MFnKeyframeDelta
+{
+public:
+    MFnKeyframeDeltaTangent();
+    MFnKeyframeDeltaTangent(MObject& object, MStatus* ReturnStatus = NULL);
+    MFnKeyframeDeltaTangent(const MObject& object, MStatus* ReturnStatus = NULL);
+    ~MFnKeyframeDeltaTangent() override;
+    MFn::Type type() const override;
+
+    MFnAnimCurve::TangentType previousTangentType(MStatus* ReturnStatus = NULL) const;
+    MFnAnimCurve::TangentType currentTangentType(MStatus* ReturnStatus = NULL) const;
+    MStatus getPreviousPosition(float& x, float& y) const;
+    MStatus getCurrentPosition(float& x, float& y) const;
+    bool isInTangent(MStatus* ReturnStatus = NULL) const;
+
+    static const char* className();
+};

@@ -1,0 +1,17 @@
+#pragma once
+#include <maya/MFnKeyframeDelta.h>
+
+//! A curve turned weighted or unweighted.
+class OPENMAYAANIM_EXPORT MFnKeyframeDeltaWeighted : public MFnKeyframeDelta
+{
+public:
+    MFnKeyframeDeltaWeighted();
+    MFnKeyframeDeltaWeighted(MObject& object, MStatus* ReturnStatus = NULL);
+    MFnKeyframeDeltaWeighted(const MObject& object, MStatus* ReturnStatus = NULL);
+    ~MFnKeyframeDeltaWeighted() override;
+    MFn::Type type() const override;
+
+    bool wasWeighted(MStatus* ReturnStatus = NULL) const;
+
+    static const char* className();
+};

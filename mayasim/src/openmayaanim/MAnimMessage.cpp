@@ -1,0 +1,255 @@
+// The key-edit messages: deltas built from each curve edit, held until the
+// action ends, then handed to the keyframe-edited and curve-edited callbacks.
+#include <maya/MAnimMessage.h>
+
+#include "engine/Callbacks.h"
+#include "engine/Undo.h"
+#include "file/SceneFile.h"
+#include "openmayaanim/AnimCurveNodes.h"
+#include "openmayaanim/KeyEvents.h"
+#include "scene/Scene.h"
+
+#include <maya/MObjectArray.h>
+
+#include <algorithm>
+#include <map>
+
+namespace mayasim::anim {
+
+namespace {
+
+struct Pending
+{
+    std::vector<std::shared_ptr<KeyframeDelta>> deltas;
+    std::vector<MObject> curves;
+    bool scheduled = false;
+};
+
+Pending& pending()
+{
+    static Pending state;
+    return state;
+}
+
+// The scene node that holds a curve's keys; nodes are remembered, as a
+// curve is usually edited many times in a row.
+MObject nodeOf(AnimCurveData& curve)
+{
+    static std::map<const AnimCurveData*, std::weak_ptr<Node>> known;
+    const auto holds = [&curve](const NodePtr& node) {
+        return node && curveKind(*node) && curveData(*node).get() == &curve;
+    };
+    if (NodePtr node = known[&curve].lock(); holds(node))
+        return objectOf(node.get());
+    for (const NodePtr& node : scene::nodes())
+        if (holds(node))
+        {
+            known[&curve] = node;
+            return objectOf(node.get());
+        }
+    known.erase(&curve);
+    return MObject();
+}
+
+std::shared_ptr<KeyframeDelta> delta(KeyframeDelta::Kind kind, const MObject& curve, std::size_t index)
+{
+    return std::make_shared<KeyframeDelta>(kind, curve, static_cast<unsigned int>(index));
+}
+
+// Moves and tangent changes of a key that stays on the curve.
+void compareKey(std::vector<std::shared_ptr<KeyframeDelta>>& out, const MObject& curve, std::size_t index,
+                const Key& before, const Key& after)
+{
+    if (before.input != after.input || before.value != after.value)
+    {
+        auto move = delta(KeyframeDelta::Kind::Move, curve, index);
+        move->previousIndex = static_cast<unsigned int>(index);
+        move->previousInput = before.input;
+        move->input = after.input;
+        move->previousValue = before.value;
+        move->value = after.value;
+        out.push_back(move);
+    }
+    for (Side side : {Side::In, Side::Out})
+        if (before.type(side) != after.type(side) || !(before.tangent(side) == after.tangent(side)))
+        {
+            auto tangent = delta(KeyframeDelta::Kind::Tangent, curve, index);
+            tangent->side = side;
+            tangent->previousType = before.type(side);
+            tangent->type = after.type(side);
+            tangent->previousTangent = before.tangent(side);
+            tangent->tangent = after.tangent(side);
+            out.push_back(tangent);
+        }
+}
+
+// The one key an edit added (in `longer`) or removed (from it): the first
+// position where the two runs of keys part.
+std::size_t partingPoint(const std::vector<Key>& longer, const std::vector<Key>& shorter)
+{
+    std::size_t at = 0;
+    while (at < shorter.size() && longer[at].input == shorter[at].input)
+        ++at;
+    return at;
+}
+
+void describe(std::vector<std::shared_ptr<KeyframeDelta>>& out, const MObject& curve, const CurveEdit& edit)
+{
+    const CurveSettings& was = edit.settingsBefore;
+    const CurveSettings& is = edit.settingsAfter;
+    if (was.weighted != is.weighted)
+        out.emplace_back(delta(KeyframeDelta::Kind::Weighted, curve, 0))->wasWeighted = was.weighted;
+    for (Side side : {Side::In, Side::Out})
+    {
+        const InfinityType before = side == Side::In ? was.preInfinity : was.postInfinity;
+        const InfinityType after = side == Side::In ? is.preInfinity : is.postInfinity;
+        if (before == after)
+            continue;
+        auto infinity = delta(KeyframeDelta::Kind::Infinity, curve, 0);
+        infinity->side = side;
+        infinity->previousInfinity = before;
+        infinity->infinity = after;
+        out.push_back(infinity);
+    }
+
+    const std::vector<Key>& before = edit.before;
+    const std::vector<Key>& after = edit.after;
+    if (before.size() == after.size())
+    {
+        for (std::size_t i = 0; i < before.size(); ++i)
+            compareKey(out, curve, edit.first + i, before[i], after[i]);
+        return;
+    }
+    // One key came or went; the others keep their order around it.
+    const bool added = after.size() > before.size();
+    const std::vector<Key>& longer = added ? after : before;
+    const std::vector<Key>& shorter = added ? before : after;
+    const std::size_t at = partingPoint(longer, shorter);
+    auto change = delta(KeyframeDelta::Kind::AddRemove, curve, edit.first + at);
+    change->addRemove = added ? KeyframeDelta::Added : KeyframeDelta::Removed;
+    change->input = longer[at].input;
+    change->value = longer[at].value;
+    out.push_back(change);
+    for (std::size_t i = 0; i < shorter.size(); ++i)
+    {
+        const std::size_t inLonger = i < at ? i : i + 1;
+        const std::size_t index = edit.first + (added ? inLonger : i);
+        compareKey(out, curve, index, added ? before[i] : before[inLonger], added ? after[inLonger] : after[i]);
+    }
+}
+
+void curveEdited(AnimCurveData& curve, const CurveEdit& edit)
+{
+    if (file::reading())
+        return; // a scene being read is no edit
+    const MObject node = nodeOf(curve);
+    if (node.isNull())
+        return;
+    Pending& p = pending();
+    describe(p.deltas, node, edit);
+    if (std::find(p.curves.begin(), p.curves.end(), node) == p.curves.end())
+        p.curves.push_back(node);
+    if (!p.scheduled)
+    {
+        p.scheduled = true;
+        afterRun(deliverKeyEdits);
+    }
+}
+
+[[maybe_unused]] const bool observing = (setEditObserver(curveEdited), true);
+
+void fireWith(callbacks::Channel channel, const MObjectArray& objects)
+{
+    callbacks::fire(channel, [](const callbacks::Callback&) { return true; },
+                    [&objects](const callbacks::Callback& c) {
+                        // Each callback gets its own array, which it may change.
+                        MObjectArray copy(objects);
+                        c.as<MMessage::MObjArray>()(copy, c.clientData);
+                    });
+}
+
+} // namespace
+
+void keyReplaced(const MObject& curve, unsigned int index, double replacedValue)
+{
+    auto& deltas = pending().deltas;
+    const auto isMove = [&](const std::shared_ptr<KeyframeDelta>& d) {
+        return d->kind == KeyframeDelta::Kind::Move && d->curve == curve && d->index == index;
+    };
+    const auto found = std::find_if(deltas.rbegin(), deltas.rend(), isMove);
+    std::shared_ptr<KeyframeDelta> replaced = found != deltas.rend() ? *found : nullptr;
+    if (!replaced)
+    {
+        // Set to the value it had: the curve reported no change of the key.
+        const auto data = curveData(*nodeObject(curve));
+        replaced = delta(KeyframeDelta::Kind::Move, curve, index);
+        replaced->input = data->key(index).input;
+        replaced->value = data->key(index).value;
+        deltas.push_back(replaced);
+    }
+    replaced->kind = KeyframeDelta::Kind::AddRemove;
+    replaced->addRemove = KeyframeDelta::Replaced;
+    replaced->previousValue = replacedValue;
+}
+
+void deliverKeyEdits()
+{
+    Pending p = std::move(pending());
+    pending() = Pending{};
+    MObjectArray deltas;
+    for (const auto& d : p.deltas)
+        deltas.append(MObject(d));
+    MObjectArray curves;
+    for (const MObject& curve : p.curves)
+        curves.append(curve);
+    if (deltas.length() > 0)
+        fireWith(callbacks::Channel::AnimKeyframeEdited, deltas);
+    if (curves.length() > 0)
+        fireWith(callbacks::Channel::AnimCurveEdited, curves);
+}
+
+} // namespace mayasim::anim
+
+namespace {
+
+MCallbackId addAnimCallback(mayasim::callbacks::Channel channel, MMessage::MObjArray func, void* clientData,
+                            MStatus* ReturnStatus)
+{
+    if (!func)
+    {
+        if (ReturnStatus)
+            *ReturnStatus = MS::kInvalidParameter;
+        return 0;
+    }
+    mayasim::callbacks::Callback callback;
+    callback.channel = channel;
+    callback.function = mayasim::callbacks::untyped(func);
+    callback.clientData = clientData;
+    if (ReturnStatus)
+        *ReturnStatus = MS::kSuccess;
+    return mayasim::callbacks::add(std::move(callback));
+}
+
+} // namespace
+
+MCallbackId MAnimMessage::addAnimCurveEditedCallback(MMessage::MObjArray func, void* clientData,
+                                                     MStatus* ReturnStatus)
+{
+    return addAnimCallback(mayasim::callbacks::Channel::AnimCurveEdited, func, clientData, ReturnStatus);
+}
+
+MCallbackId MAnimMessage::addAnimKeyframeEditedCallback(MMessage::MObjArray func, void* clientData,
+                                                        MStatus* ReturnStatus)
+{
+    return addAnimCallback(mayasim::callbacks::Channel::AnimKeyframeEdited, func, clientData, ReturnStatus);
+}
+
+void MAnimMessage::flushAnimKeyframeEditedCallbacks()
+{
+    mayasim::anim::deliverKeyEdits();
+}
+
+const char* MAnimMessage::className()
+{
+    return "MAnimMessage";
+}
