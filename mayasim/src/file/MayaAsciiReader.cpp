@@ -101,8 +101,13 @@ void readMayaAscii(const std::string& path)
         unknownTypes.declare(statement);
         // Leading newlines make the interpreter report the file's line.
         const std::string placed = std::string(statement.line - 1, '\n') + statement.text + ";";
-        if (!runMel(placed, nullptr, false))
-            failed = true;
+        if (runMel(placed, nullptr, false))
+            continue;
+        failed = true;
+        // The relative setAttr lines after a failed "select -ne :node" must
+        // not fall on the node selected before it.
+        if (wordsOf(statement.text).front() == "select")
+            runMel("select -clear", nullptr, false);
     }
     if (failed)
         writeOutput(OutputKind::Warning, "Errors have occurred while reading this scene that may result in data "

@@ -158,3 +158,14 @@ TEST_F(MayaAscii, StatementsSpanLinesAndStringsKeepSemicolonsAndSlashes)
     // Lines count from the top, comments and multi-line statements included.
     EXPECT_THAT(errors(), ElementsAre(HasSubstr("line 10: ")));
 }
+
+TEST_F(MayaAscii, SettingsOfAMissingSharedNodeFallOnNoOtherNode)
+{
+    const std::string path = scratchFile("missing_shared.ma");
+    write(path, "createNode transform -n \"last\";\n"
+                "select -ne :missingGlobals;\n"
+                "\tsetAttr \".tx\" 9;\n");
+    ASSERT_TRUE(MFileIO::open(path.c_str(), nullptr, true));
+    EXPECT_EQ(melString("getAttr last.tx"), "0");
+    EXPECT_THAT(errors(), ElementsAre(HasSubstr("line 2: "), HasSubstr("line 3: ")));
+}
