@@ -62,6 +62,9 @@ void pumpIdle();
 void advanceClock(double seconds);
 // Sets a named condition (e.g. "playblasting") and fires its callbacks.
 void setCondition(const std::string& name, bool state);
+// Raises an event only Maya's UI raises ("DragRelease" at the end of a
+// manipulator drag, "modelEditorChanged" when a view's options change).
+void raiseEvent(const std::string& name);
 
 // --- UI state: graph editor, channel box, time slider ----------------------
 // What Maya's panels hold and MEL queries answer from (keyframe, selectKey,

@@ -49,4 +49,9 @@ void setCondition(const std::string& name, bool state)
     events::fireConditionChanged(name, state);
 }
 
+void raiseEvent(const std::string& name)
+{
+    events::fireEvent(name);
+}
+
 } // namespace mayasim::host

@@ -146,6 +146,16 @@ TEST_F(MainLoopTest, UnknownEventNameIsRefused)
     }
 }
 
+TEST_F(MainLoopTest, HostRaisesTheEventsOnlyTheUiRaises)
+{
+    Recorder drag{&log, "DragRelease"}, editor{&log, "modelEditorChanged"};
+    ids.append(MEventMessage::addEventCallback("DragRelease", record, &drag));
+    ids.append(MEventMessage::addEventCallback("modelEditorChanged", record, &editor));
+    mayasim::host::raiseEvent("modelEditorChanged");
+    mayasim::host::raiseEvent("DragRelease");
+    EXPECT_EQ(log.calls, (std::vector<std::string>{"modelEditorChanged", "DragRelease"}));
+}
+
 // --- timers -------------------------------------------------------------------
 
 struct TimerLog
