@@ -182,13 +182,11 @@ std::vector<NodePtr> match(const std::string& pattern)
     std::vector<NodePtr> result;
     for (const auto& node : state().nodes)
     {
-        if (!node->isDag())
-        {
-            if (parts.size() == 1 && !absolute && wildcardMatch(parts[0], node->name))
-                result.push_back(node);
+        // The last part names the node itself: test it before building paths.
+        if (!wildcardMatch(parts.back(), node->name))
             continue;
-        }
-        if (matchesParts(parts, absolute, pathParts(*node)))
+        const bool plainName = parts.size() == 1 && !absolute;
+        if (plainName || (node->isDag() && matchesParts(parts, absolute, pathParts(*node))))
             result.push_back(node);
     }
     return result;
@@ -216,15 +214,19 @@ std::string partialPathName(const Node& node)
 {
     if (!node.isDag())
         return node.name;
+    // Only DAG nodes of the same name can make a shorter path ambiguous.
+    std::vector<std::vector<std::string>> namesakes;
+    for (const auto& other : state().nodes)
+        if (other.get() != &node && other->isDag() && other->name == node.name)
+            namesakes.push_back(pathParts(*other));
     const std::vector<std::string> parts = pathParts(node);
     for (size_t count = 1; count <= parts.size(); ++count)
     {
-        std::vector<std::string> tail(parts.end() - static_cast<long>(count), parts.end());
-        size_t matches = 0;
-        for (const auto& other : state().nodes)
-            if (other->isDag() && matchesParts(tail, false, pathParts(*other)))
-                ++matches;
-        if (matches == 1)
+        const std::vector<std::string> tail(parts.end() - static_cast<long>(count), parts.end());
+        const bool unique = std::none_of(namesakes.begin(), namesakes.end(), [&](const auto& other) {
+            return matchesParts(tail, false, other);
+        });
+        if (unique)
         {
             std::string path = tail.front();
             for (size_t i = 1; i < tail.size(); ++i)
