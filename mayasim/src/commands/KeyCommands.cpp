@@ -64,10 +64,14 @@ bool keyPlug(KeyEdits& edits, const PlugRef& plug, const std::vector<MTime>& tim
     MObjectArray found;
     MAnimUtil::findAnimation(target, found);
     MObject curve = found.length() > 0 ? found[0] : MObject();
+    if (curve.isNull() && eval::drivingSource(*plug.node, plug.key))
+        return false;
+    // The values first: a new curve would drive the plug.
+    std::vector<double> values;
+    for (const MTime& time : times)
+        values.push_back(uiValue ? 0.0 : plugValueAt(plug, time));
     if (curve.isNull())
     {
-        if (eval::drivingSource(*plug.node, plug.key))
-            return false;
         MDGModifier modifier;
         MStatus status;
         curve = MFnAnimCurve().create(target, &modifier, &status);
@@ -75,9 +79,8 @@ bool keyPlug(KeyEdits& edits, const PlugRef& plug, const std::vector<MTime>& tim
             throw MelError("setKeyframe: Cannot key " + ops::plugText(*plug.node, plug.key) + ".");
         ops::absorb(edits.scene(), modifier);
     }
-    for (const MTime& time : times)
-        setKeyOn(edits, curve, time,
-                 uiValue ? curveValueFromUi(*nodeObject(curve), *uiValue) : plugValueAt(plug, time));
+    for (std::size_t i = 0; i < times.size(); ++i)
+        setKeyOn(edits, curve, times[i], uiValue ? curveValueFromUi(*nodeObject(curve), *uiValue) : values[i]);
     // Keyed, the plug follows its curve again: a value set on it gives way.
     if (PlugState* state = plug.node->state(plug.key))
         state->heldStamp = -1;

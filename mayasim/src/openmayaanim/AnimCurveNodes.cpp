@@ -54,6 +54,17 @@ std::optional<Value> computeOutput(Node& node, const PlugKey& key)
     return Value::ofNumber(curveData(node)->evaluate(at));
 }
 
+// A duplicate of a curve gets the same keys, as one edit of its empty curve.
+void copyKeys(Node& original, Node& copy)
+{
+    const AnimCurveData& from = *curveData(original);
+    AnimCurveData& to = *curveData(copy);
+    CurveEdit fill{0, {}, {}, to.settings(), from.settings()};
+    for (std::size_t i = 0; i < from.size(); ++i)
+        fill.after.push_back(from.key(i));
+    to.apply(fill, true);
+}
+
 void registerCurveTypes()
 {
     NodeTypePtr base = makeNodeType("animCurve", findNodeType("node"), MFn::kAnimCurve);
@@ -69,6 +80,7 @@ void registerCurveTypes()
         output->storable = false;
         type->addAttribute(output);
         type->compute = computeOutput;
+        type->copyData = copyKeys;
         registerNodeType(type);
     }
 }

@@ -45,6 +45,9 @@ public:
     // Outputs the type computes on read (transform matrices, curve
     // outputs); returns nothing for plugs it doesn't compute.
     Compute compute;
+    // Copies what a node keeps outside its plugs (an anim curve's keys)
+    // to its duplicate.
+    std::function<void(Node& original, Node& copy)> copyData;
 
     bool hasFn(MFn::Type type) const;
     bool isA(const std::string& typeName) const;

@@ -45,6 +45,8 @@ NodePtr duplicateUnder(EditList& edits, const NodePtr& node, const NodePtr& pare
     // Copies take names no node has, anywhere ("pCubeShape1" -> "pCubeShape2").
     NodePtr copy = newNode(node->type(), scene::uniqueName(node->name, nullptr, nullptr));
     copyNodeState(node, copy);
+    if (node->type()->copyData)
+        node->type()->copyData(*node, *copy);
     if (copy->user && node->user)
         copy->user->copyInternalData(node->user.get());
     addNode(edits, copy, parent);
