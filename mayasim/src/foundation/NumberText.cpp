@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <cwchar>
 
 namespace mayasim {
@@ -17,11 +18,17 @@ std::string doubleText(double value)
     if (value == 0.0)
         return "0";
     char buffer[40];
-    for (int precision = 1; precision <= 17; ++precision) {
+    int precision = 1;
+    for (; precision <= 17; ++precision) {
         std::snprintf(buffer, sizeof buffer, "%.*g", precision, value);
         if (std::strtod(buffer, nullptr) == value)
             break;
     }
+    // %g writes an exponent once the digits before the point outnumber the
+    // precision; up to 17 of them are written out ("10", not "1e+01").
+    const int digits = static_cast<int>(std::floor(std::log10(std::fabs(value)))) + 1;
+    if (std::strchr(buffer, 'e') && digits > precision && digits <= 17)
+        std::snprintf(buffer, sizeof buffer, "%.*g", digits, value);
     return buffer;
 }
 
