@@ -99,9 +99,7 @@ void readMayaAscii(const std::string& path)
     for (const Statement& statement : splitStatements(text.str()))
     {
         unknownTypes.declare(statement);
-        // Leading newlines make the interpreter report the file's line.
-        const std::string placed = std::string(statement.line - 1, '\n') + statement.text + ";";
-        if (runMel(placed, nullptr, false))
+        if (runMel(placedText(statement), nullptr, false))
             continue;
         failed = true;
         // The relative setAttr lines after a failed "select -ne :node" must

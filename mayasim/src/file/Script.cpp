@@ -1,4 +1,3 @@
-#include "engine/Command.h"
 #include "engine/Interpreter.h"
 #include "engine/Output.h"
 #include "file/Statements.h"
@@ -21,8 +20,14 @@ bool runScript(const std::string& path)
     std::ostringstream text;
     text << in.rdbuf();
     for (const file::Statement& statement : file::splitStatements(text.str()))
-        if (!executeMel(statement.text + ";", RunOptions{true, true}).ok)
+    {
+        writeOutput(OutputKind::Echo, statement.text + ";");
+        const RunOutcome outcome = executeMel(file::placedText(statement), RunOptions{false, true});
+        if (!outcome.ok)
             return false;
+        if (outcome.value.type != MelValue::Type::None)
+            writeOutput(OutputKind::Result, outcome.value.resultText());
+    }
     return true;
 }
 
