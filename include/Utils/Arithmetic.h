@@ -1,0 +1,34 @@
+#pragma once
+#include <maya/MTime.h>
+#include <maya/MVector.h>
+
+#include <cmath>
+
+// Small formulas shared by the blends.
+inline double lerp(double a, double b, double t) { return a + (b - a) * t; }
+
+inline MVector lerp(const MVector& a, const MVector& b, double t) { return a + (b - a) * t; }
+
+inline double lineThrough(double x, double x0, double y0, double m) { return (x - x0) * m + y0; }
+
+// No clamp: values outside the input range extrapolate.
+inline double remap(double x, double inMin, double inMax, double outMin, double outMax)
+{
+    if (std::fabs(inMax - inMin) < 1e-10)
+        return outMin;
+    return (x - inMin) / (inMax - inMin) * (outMax - outMin) + outMin;
+}
+
+inline double slope(double x1, double y1, double x2, double y2)
+{
+    if (!(std::fabs(x2 - x1) > 1e-10))
+        return 0.0;
+    return (y2 - y1) / (x2 - x1);
+}
+
+inline bool withinRange(double v, double lo, double hi) { return v >= lo && hi >= v; }
+
+inline bool timeInRange(const MTime& t, const MTime& start, const MTime& end)
+{
+    return withinRange(t.value(), start.value(), end.value());
+}

@@ -1,0 +1,5 @@
+#pragma once
+
+// The move manipulator's orientation, in degrees.
+bool manipPivotOrientation(double orientation[3]);
+bool setManipPivotOrientation(const double orientation[3]);

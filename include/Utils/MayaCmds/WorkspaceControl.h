@@ -1,0 +1,13 @@
+#pragma once
+#include <maya/MStatus.h>
+#include <maya/MString.h>
+
+class QWidget;
+
+MStatus createWorkspaceControl(const MString& label, const MString& plugin, const MString& name);
+MStatus setWorkspaceUiScript(const MString& script, const MString& name);
+MStatus closeWorkspaceControl(const MString& name);
+bool workspaceControlExists(const MString& name);
+bool workspaceControlFloating(const MString& name);
+bool workspaceControlVisible(const MString& name);
+void centerWindowOnCursor(QWidget* widget);

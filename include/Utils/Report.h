@@ -1,0 +1,11 @@
+#pragma once
+#include <QString>
+
+// The one way the system tells the user that something went wrong: a framed
+// block in the script output, naming the message, function, line and file.
+QString formatReport(const QString& message, const QString& line, const QString& file, const QString& function);
+void reportError(const QString& message, const QString& line, const QString& file, const QString& function);
+
+// Reports from the call site: the line and file are the caller's own.
+#define OV_REPORT(message, function) \
+    reportError((message), QString::number(__LINE__, 10), QStringLiteral(__FILE__), QStringLiteral(function))

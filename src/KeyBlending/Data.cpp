@@ -1,0 +1,120 @@
+#include "KeyBlending/Data.h"
+
+#include "Utils/Arithmetic.h"
+#include "Utils/Report.h"
+
+#include <maya/MAnimControl.h>
+#include <maya/MFnAnimCurve.h>
+
+namespace KeyBlending {
+
+Data* activeData = nullptr;
+
+namespace {
+
+const char* const blendTypeNames[BlendTypeCount] = {
+    "Tween Machine",
+    "Neighbors",
+    "Frame",
+    "Infinity",
+    "World Space",
+    "Neighbors World Space",
+    "Frame World Space",
+    "Infinity World Space",
+    "Pull Push",
+    "Default",
+    "Ease",
+    "Scale From Default",
+    "Scale From Average",
+    "Scale From Frame",
+    "Scale From Neighbor Left",
+    "Scale From Neighbor Right",
+    "Simplify Bake Keys",
+    "Noise Wave",
+    "Smooth Rough",
+    "Gap Smoother",
+    "Connect To Neighbors",
+    "Buffer",
+    "Value Offset",
+    "Value Offset Stagger",
+    "Blend To Ease",
+};
+
+} // namespace
+
+Data::Data()
+    : DataBase(&fChange), fStartTime(MAnimControl::minTime()), fEndTime(MAnimControl::maxTime())
+{
+}
+
+QString Data::blendTypeName(int type)
+{
+    if (type < 0 || type >= BlendTypeCount)
+        return QString();
+    return QString::fromLatin1(blendTypeNames[type]);
+}
+
+QString Data::blendTypeList()
+{
+    QString list;
+    for (int type = 0; type < BlendTypeCount; ++type)
+        list += blendTypeName(type).leftJustified(27, QLatin1Char(' ')) + QStringLiteral(" => ")
+                + QString::number(type) + QStringLiteral("\n");
+    return list;
+}
+
+void Data::setBlendType(int type)
+{
+    fBlendType = type;
+    if (type < 0 || type >= BlendTypeCount) {
+        OV_REPORT(QStringLiteral("Invalid Blend Type\nThe Defuald Belnd Type [ ") + blendTypeName(0)
+                      + QStringLiteral(" ] Will Be Use\n\nValid Blend Types is:\n") + blendTypeList(),
+                  "setBlendType");
+        fBlendType = 0;
+    }
+}
+
+void Data::setBlendType(double type) { setBlendType(static_cast<int>(type)); }
+
+void Data::setFrameTimes(double start, double end)
+{
+    fStartTime = MTime(start, MTime::uiUnit());
+    fEndTime = MTime(end, MTime::uiUnit());
+}
+
+void Data::collect(const MSelectionList& selection)
+{
+    // Simplify Bake Keys (16) does a collection of its own.
+    if (fBlendType != 16)
+        DataBase::collect(selection);
+}
+
+void Data::blend(double x)
+{
+    switch (fBlendType) {
+    case 0:
+        tweenMachine(x);
+        break;
+    default:
+        break;
+    }
+}
+
+void Data::finish() {}
+
+// Every key of a run goes to the same point between the run's neighbours.
+void Data::tweenMachine(double x)
+{
+    const double t = remap(x, -1.0, 1.0, 0.0, 1.0);
+    for (CollectAnimation::NodeKeys& node : nodes()) {
+        for (CollectAnimation::PlugKeys& plug : node.plugs) {
+            for (CollectAnimation::CurveKeys& curve : plug.curves) {
+                MFnAnimCurve fn(curve.curve);
+                for (const CollectAnimation::KeyInfo& key : curve.keys)
+                    fn.setValue(key.index, lerp(key.leftValue, key.rightValue, t), &fChange);
+            }
+        }
+    }
+}
+
+} // namespace KeyBlending

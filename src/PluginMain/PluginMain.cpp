@@ -1,0 +1,39 @@
+// The module's entry points: everything is registered here, in a fixed order,
+// and deregistered in the exact reverse.
+#include <maya/MFnPlugin.h>
+
+#include "KeyBlending/Registration.h"
+#include "Utils/Report.h"
+#include "Utils/Tasks.h"
+
+namespace {
+
+const char* const Vendor = "Orvane";
+const char* const PluginVersion = "1.2.2";
+const char* const RequiredApiVersion = "Any";
+
+} // namespace
+
+PLUGIN_EXPORT MStatus initializePlugin(MObject obj)
+{
+    MStatus status = MS::kSuccess;
+    MFnPlugin plugin(obj, Vendor, PluginVersion, RequiredApiVersion, &status);
+    if (!status) {
+        OV_REPORT(QStringLiteral("Failed to initialize plugin"), "initializePlugin");
+        return status;
+    }
+    // A failure stops the load where it is: what was registered stays so.
+    if (!(status = KeyBlending::registerCommand(plugin)))
+        return status;
+    return MS::kSuccess;
+}
+
+PLUGIN_EXPORT MStatus uninitializePlugin(MObject obj)
+{
+    MStatus status = MS::kSuccess;
+    MFnPlugin plugin(obj, "Unknown", "Unknown", RequiredApiVersion);
+    cancelAllTasks();
+    if (!(status = KeyBlending::deregisterCommand(plugin)))
+        return status;
+    return MS::kSuccess;
+}

@@ -1,0 +1,25 @@
+#include "Utils/Report.h"
+
+#include <maya/MGlobal.h>
+#include <maya/MString.h>
+
+#include <QDir>
+
+QString formatReport(const QString& message, const QString& line, const QString& file, const QString& function)
+{
+    // "src/KeyBlending/Cmd.cpp" shows as "Cmd": the last path component up to its first dot.
+    const QString fileName = QDir(file).dirName().split(QLatin1Char('.'), Qt::KeepEmptyParts).first();
+    QString block = QStringLiteral("\n===============[Orvane]===============\n");
+    if (!message.isEmpty())
+        block += QStringLiteral("Message: ") + message + QStringLiteral("\n\n");
+    block += QStringLiteral("Function: ") + function + QStringLiteral("\n");
+    block += QStringLiteral("Line: ") + line + QStringLiteral("\n");
+    block += QStringLiteral("File: ") + fileName + QStringLiteral("\n");
+    block += QStringLiteral("===============================================\n");
+    return block;
+}
+
+void reportError(const QString& message, const QString& line, const QString& file, const QString& function)
+{
+    MGlobal::displayInfo(MString(formatReport(message, line, file, function).toUtf8().constData()));
+}
