@@ -540,6 +540,17 @@ PlugAddress single(const std::string& text)
     return PlugAddress{found.front().node, found.front().key};
 }
 
+// -nextAvailable: an array plug named without an index takes the element
+// after the last one in use (how files connect set members).
+PlugAddress nextAvailable(PlugAddress plug)
+{
+    if (!plug.key.attribute->array || plug.key.indices.empty() || plug.key.indices.back() >= 0)
+        return plug;
+    const std::vector<int> used = existingIndices(*plug.lock(), plug.key);
+    plug.key.indices.back() = used.empty() ? 0 : used.back() + 1;
+    return plug;
+}
+
 std::string phrase(const PlugAddress& plug)
 {
     return ops::plugText(*plug.lock(), plug.key);
@@ -551,7 +562,9 @@ MelValue connectAttr(const Invocation& call)
     if (args.positional().size() != 2)
         throw MelError("connectAttr: give a source and a destination attribute.");
     const PlugAddress source = single(args.positional()[0].text);
-    const PlugAddress destination = single(args.positional()[1].text);
+    PlugAddress destination = single(args.positional()[1].text);
+    if (args.has("nextAvailable"))
+        destination = nextAvailable(destination);
     undoable([&](EditList& edits) { ops::connect(edits, source, destination, args.has("force")); });
     return MelValue::ofString("Connected " + phrase(source) + " to " + phrase(destination) + ".");
 }

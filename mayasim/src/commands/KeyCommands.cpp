@@ -3,6 +3,7 @@
 #include "commands/KeySupport.h"
 #include "commands/TimeArguments.h"
 #include "openmayaanim/AnimCurveNodes.h"
+#include "openmayaanim/AnimLayers.h"
 #include "openmayaanim/KeyEvents.h"
 #include "openmayaanim/KeySelection.h"
 #include "scene/Evaluation.h"
@@ -58,9 +59,11 @@ double plugValueAt(const PlugRef& plug, const MTime& time)
 
 // Keys a plug, making its curve when it has none. False for a plug that
 // something other than keys drives.
-bool keyPlug(KeyEdits& edits, const PlugRef& plug, const std::vector<MTime>& times, std::optional<double> uiValue)
+bool keyPlug(KeyEdits& edits, const PlugRef& shown, const std::vector<MTime>& times, std::optional<double> uiValue)
 {
-    const MPlug target = makePlug(*plug.node, plug.key);
+    // A plug in animation layers is keyed through its best layer's blend input.
+    const MPlug target = layers::keyTarget(makePlug(*shown.node, shown.key));
+    const PlugRef plug{plugNode(target)->self(), plugKey(target)};
     MObjectArray found;
     MAnimUtil::findAnimation(target, found);
     MObject curve = found.length() > 0 ? found[0] : MObject();
@@ -82,8 +85,9 @@ bool keyPlug(KeyEdits& edits, const PlugRef& plug, const std::vector<MTime>& tim
     for (std::size_t i = 0; i < times.size(); ++i)
         setKeyOn(edits, curve, times[i], uiValue ? curveValueFromUi(*nodeObject(curve), *uiValue) : values[i]);
     // Keyed, the plug follows its curve again: a value set on it gives way.
-    if (PlugState* state = plug.node->state(plug.key))
-        state->heldStamp = -1;
+    for (const PlugRef& keyed : {plug, shown})
+        if (PlugState* state = keyed.node->state(keyed.key))
+            state->heldStamp = -1;
     return true;
 }
 

@@ -5,6 +5,7 @@
 #include <maya/MAnimUtil.h>
 
 #include "openmayaanim/AnimCurveNodes.h"
+#include "openmayaanim/AnimLayers.h"
 #include "scene/Evaluation.h"
 #include "scene/Plugs.h"
 
@@ -30,8 +31,6 @@ std::vector<const char*> passedInputs(const Node& node)
     const std::string& type = node.type()->name;
     if (type == "unitConversion")
         return {"input"};
-    if (type.rfind("animBlendNode", 0) == 0)
-        return {"inputA", "inputB"};
     return {};
 }
 
@@ -55,6 +54,13 @@ void collectCurves(const Node& node, const PlugKey& key, std::vector<NodePtr>& c
     {
         if (drivenByTime(*from) && std::find(curves.begin(), curves.end(), from) == curves.end())
             curves.push_back(from);
+        return;
+    }
+    // A layer's blend node: the lower layers' value and the layer's own.
+    if (const auto inputs = layers::blendInputs(*from, source->key))
+    {
+        collectCurves(*from, inputs->first, curves, depth + 1);
+        collectCurves(*from, inputs->second, curves, depth + 1);
         return;
     }
     for (const char* input : passedInputs(*from))
@@ -169,13 +175,12 @@ bool MAnimUtil::findAnimation(const MPlug& plug, MObjectArray& animation, MStatu
     return succeedWith(ReturnStatus, !curves.empty());
 }
 
-bool MAnimUtil::findAnimationLayers(const MPlug& plug, MObjectArray& /*layers*/, MPlugArray& /*plugs*/,
+bool MAnimUtil::findAnimationLayers(const MPlug& plug, MObjectArray& layers, MPlugArray& plugs,
                                     MStatus* ReturnStatus)
 {
-    // The scene has no animation layers (yet): no plug is in one.
     if (plug.isNull())
         return failWith(ReturnStatus);
-    return succeedWith(ReturnStatus, false);
+    return succeedWith(ReturnStatus, mayasim::layers::findAnimationLayers(plug, layers, plugs));
 }
 
 const char* MAnimUtil::className()
