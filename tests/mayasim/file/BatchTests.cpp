@@ -1,0 +1,79 @@
+// mayasim-batch as a user runs it: the script editor's output on stdout and
+// an exit status that says whether every command worked.
+#include "FileTest.h"
+
+#include <gmock/gmock.h>
+
+#include <cstdio>
+#include <sys/wait.h>
+
+using ::testing::HasSubstr;
+
+namespace {
+
+struct BatchRun
+{
+    std::string output;
+    int status = -1;
+};
+
+class Batch : public FileTest
+{
+protected:
+    void SetUp() override
+    {
+        FileTest::SetUp();
+        if (!std::filesystem::exists(program()))
+            GTEST_SKIP() << "mayasim-batch is not built";
+    }
+
+    static std::string program() { return std::string(ORVANE_BINARY_DIR) + "/mayasim/mayasim-batch"; }
+
+    static BatchRun run(const std::string& arguments)
+    {
+        BatchRun result;
+        FILE* pipe = popen((program() + " " + arguments + " 2>&1").c_str(), "r");
+        char buffer[256];
+        while (pipe && std::fgets(buffer, sizeof buffer, pipe))
+            result.output += buffer;
+        const int status = pipe ? pclose(pipe) : -1;
+        result.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+        return result;
+    }
+};
+
+} // namespace
+
+TEST_F(Batch, CommandPrintsItsResult)
+{
+    const BatchRun result = run("-command \"createNode transform -n a; setAttr a.tx 5; getAttr a.tx\"");
+    EXPECT_THAT(result.output, HasSubstr("// Result: 5 //\n"));
+    EXPECT_EQ(result.status, 0);
+}
+
+TEST_F(Batch, FailingCommandGivesAnErrorAndANonZeroStatus)
+{
+    const BatchRun result = run("-command \"setAttr nothing.tx 1\"");
+    EXPECT_THAT(result.output, HasSubstr("// Error: "));
+    EXPECT_EQ(result.status, 1);
+}
+
+TEST_F(Batch, LoadsRunsAScriptAndSaves)
+{
+    const std::string script = scratchFile("query.mel");
+    const std::string saved = scratchFile("out.ma");
+    write(script, "setAttr hand.tz 4;\ngetAttr hand.worldMatrix;\n");
+    const BatchRun result =
+        run("-file \"" + dataFile("pivoted_hierarchy.ma") + "\" -script \"" + script + "\" -save \"" + saved + "\"");
+    EXPECT_EQ(result.status, 0) << result.output;
+    EXPECT_THAT(result.output, HasSubstr("getAttr hand.worldMatrix;\n// Result: "));
+    ASSERT_TRUE(MFileIO::open(saved.c_str(), nullptr, true));
+    EXPECT_EQ(melString("getAttr hand.tz"), "4");
+}
+
+TEST_F(Batch, BadArgumentsPrintTheUsage)
+{
+    const BatchRun result = run("-file");
+    EXPECT_THAT(result.output, HasSubstr("usage: mayasim-batch"));
+    EXPECT_EQ(result.status, 2);
+}
