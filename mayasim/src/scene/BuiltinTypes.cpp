@@ -74,7 +74,7 @@ void registerBuiltins()
 
     NodeTypePtr dagNode =
         add("dagNode", node, MFn::kDagNode, 0x4441474e,
-            {keyable(moves(boolean("visibility", "v", true))), boolean("template", "tmp", false),
+            {keyable(boolean("visibility", "v", true)), boolean("template", "tmp", false),
              boolean("lodVisibility", "lodv", true), boolean("intermediateObject", "io", false),
              output(makeMatrix("matrix", "m")), output(makeMatrix("inverseMatrix", "im")),
              matrixArray("worldMatrix", "wm"), matrixArray("worldInverseMatrix", "wim"),
