@@ -76,18 +76,6 @@ bool remove(MCallbackId id)
     return live;
 }
 
-void removeAll()
-{
-    table().callbacks.clear();
-}
-
-bool isRegistered(MCallbackId id)
-{
-    const Table& t = table();
-    auto it = t.callbacks.find(id);
-    return it != t.callbacks.end() && !nodeGone(it->second);
-}
-
 void update(const Callback& callback)
 {
     auto it = table().callbacks.find(callback.id);

@@ -80,8 +80,6 @@ MCallbackId add(Callback callback);
 // False when the id is not registered (never was, or already removed, or its
 // node is gone).
 bool remove(MCallbackId id);
-void removeAll();
-bool isRegistered(MCallbackId id);
 // Updates a registered callback (timers move their due time).
 void update(const Callback& callback);
 // The ids registered on a node, in registration order.
