@@ -3,7 +3,6 @@
 #include "engine/Callbacks.h"
 #include "file/SceneFile.h"
 
-#include <maya/MDGMessage.h>
 #include <maya/MDagMessage.h>
 #include <maya/MNodeMessage.h>
 
