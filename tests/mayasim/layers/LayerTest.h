@@ -97,6 +97,17 @@ protected:
         return found;
     }
 
+    // findAnimation as curve names.
+    static std::vector<std::string> curvesOf(const std::string& plug)
+    {
+        MObjectArray curves;
+        MAnimUtil::findAnimation(plugNamed(plug), curves);
+        std::vector<std::string> names;
+        for (unsigned int i = 0; i < curves.length(); ++i)
+            names.push_back(nameOf(curves[i]));
+        return names;
+    }
+
     static std::string bestLayer(const std::string& plug)
     {
         return melString("animLayer -q -bestLayer -attribute \"" + plug + "\"");
