@@ -4,7 +4,6 @@
 #include "commands/TimeArguments.h"
 #include "openmayaanim/AnimCurveNodes.h"
 #include "openmayaanim/AnimLayers.h"
-#include "openmayaanim/KeyEvents.h"
 #include "openmayaanim/KeySelection.h"
 #include "scene/Evaluation.h"
 #include "scene/Operations.h"
@@ -35,16 +34,10 @@ MObject objectFor(const NodePtr& node)
 void setKeyOn(KeyEdits& edits, const MObject& curve, const MTime& time, double value)
 {
     MFnAnimCurve fn(curve);
-    unsigned int index = 0;
-    const bool replacing = fn.find(time, index);
-    const double replaced = replacing ? fn.value(index) : 0.0;
     MStatus status;
-    index = fn.addKey(time, value, MFnAnimCurve::kTangentGlobal, MFnAnimCurve::kTangentGlobal, edits.curves(),
-                      &status);
+    fn.addKey(time, value, MFnAnimCurve::kTangentGlobal, MFnAnimCurve::kTangentGlobal, edits.curves(), &status);
     if (!status)
         throw MelError(std::string("setKeyframe: Cannot set a key on ") + fn.name().asChar() + ".");
-    if (replacing)
-        anim::keyReplaced(curve, index, replaced);
 }
 
 // What the plug holds at a time: now, its present value (a value set on

@@ -52,9 +52,22 @@ public:
 // The delta behind an MObject, or null.
 const KeyframeDelta* keyframeDelta(const MObject& object);
 
-// Turns the pending change of a key into a key set over the key that was
-// there (the value before it is `replacedValue`), as setKeyframe reports it.
-void keyReplaced(const MObject& curve, unsigned int index, double replacedValue);
+// While it lives, a key set at `input` on the curve over a key that is
+// there reads as a replaced key (addKey, setKeyframe), not as a move.
+class KeyReplacement
+{
+public:
+    KeyReplacement(const AnimCurveData& curve, double input);
+    ~KeyReplacement();
+    KeyReplacement(const KeyReplacement&) = delete;
+    KeyReplacement& operator=(const KeyReplacement&) = delete;
+
+    static bool active(const AnimCurveData& curve, double input);
+
+private:
+    const AnimCurveData* fCurve;
+    double fInput;
+};
 
 // Delivers what is pending now.
 void deliverKeyEdits();

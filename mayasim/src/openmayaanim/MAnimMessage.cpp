@@ -56,11 +56,21 @@ std::shared_ptr<KeyframeDelta> delta(KeyframeDelta::Kind kind, const MObject& cu
     return std::make_shared<KeyframeDelta>(kind, curve, static_cast<unsigned int>(index));
 }
 
-// Moves and tangent changes of a key that stays on the curve.
+// Moves and tangent changes of a key that stays on the curve, or a key set
+// over it.
 void compareKey(std::vector<std::shared_ptr<KeyframeDelta>>& out, const MObject& curve, std::size_t index,
-                const Key& before, const Key& after)
+                const Key& before, const Key& after, bool replaced)
 {
-    if (before.input != after.input || before.value != after.value)
+    if (replaced)
+    {
+        auto key = delta(KeyframeDelta::Kind::AddRemove, curve, index);
+        key->addRemove = KeyframeDelta::Replaced;
+        key->input = after.input;
+        key->previousValue = before.value;
+        key->value = after.value;
+        out.push_back(key);
+    }
+    else if (before.input != after.input || before.value != after.value)
     {
         auto move = delta(KeyframeDelta::Kind::Move, curve, index);
         move->previousIndex = static_cast<unsigned int>(index);
@@ -93,7 +103,8 @@ std::size_t partingPoint(const std::vector<Key>& longer, const std::vector<Key>&
     return at;
 }
 
-void describe(std::vector<std::shared_ptr<KeyframeDelta>>& out, const MObject& curve, const CurveEdit& edit)
+void describe(std::vector<std::shared_ptr<KeyframeDelta>>& out, const MObject& curve, const AnimCurveData& data,
+              const CurveEdit& edit)
 {
     const CurveSettings& was = edit.settingsBefore;
     const CurveSettings& is = edit.settingsAfter;
@@ -117,7 +128,8 @@ void describe(std::vector<std::shared_ptr<KeyframeDelta>>& out, const MObject& c
     if (before.size() == after.size())
     {
         for (std::size_t i = 0; i < before.size(); ++i)
-            compareKey(out, curve, edit.first + i, before[i], after[i]);
+            compareKey(out, curve, edit.first + i, before[i], after[i],
+                       before[i].input == after[i].input && KeyReplacement::active(data, after[i].input));
         return;
     }
     // One key came or went; the others keep their order around it.
@@ -134,7 +146,7 @@ void describe(std::vector<std::shared_ptr<KeyframeDelta>>& out, const MObject& c
     {
         const std::size_t inLonger = i < at ? i : i + 1;
         const std::size_t index = edit.first + (added ? inLonger : i);
-        compareKey(out, curve, index, added ? before[i] : before[inLonger], added ? after[inLonger] : after[i]);
+        compareKey(out, curve, index, added ? before[i] : before[inLonger], added ? after[inLonger] : after[i], false);
     }
 }
 
@@ -146,7 +158,7 @@ void curveEdited(AnimCurveData& curve, const CurveEdit& edit)
     if (node.isNull())
         return;
     Pending& p = pending();
-    describe(p.deltas, node, edit);
+    describe(p.deltas, node, curve, edit);
     if (std::find(p.curves.begin(), p.curves.end(), node) == p.curves.end())
         p.curves.push_back(node);
     if (!p.scheduled)
@@ -170,26 +182,27 @@ void fireWith(callbacks::Channel channel, const MObjectArray& objects)
 
 } // namespace
 
-void keyReplaced(const MObject& curve, unsigned int index, double replacedValue)
+std::vector<std::pair<const AnimCurveData*, double>>& replacements()
 {
-    auto& deltas = pending().deltas;
-    const auto isMove = [&](const std::shared_ptr<KeyframeDelta>& d) {
-        return d->kind == KeyframeDelta::Kind::Move && d->curve == curve && d->index == index;
-    };
-    const auto found = std::find_if(deltas.rbegin(), deltas.rend(), isMove);
-    std::shared_ptr<KeyframeDelta> replaced = found != deltas.rend() ? *found : nullptr;
-    if (!replaced)
-    {
-        // Set to the value it had: the curve reported no change of the key.
-        const auto data = curveData(*nodeObject(curve));
-        replaced = delta(KeyframeDelta::Kind::Move, curve, index);
-        replaced->input = data->key(index).input;
-        replaced->value = data->key(index).value;
-        deltas.push_back(replaced);
-    }
-    replaced->kind = KeyframeDelta::Kind::AddRemove;
-    replaced->addRemove = KeyframeDelta::Replaced;
-    replaced->previousValue = replacedValue;
+    static std::vector<std::pair<const AnimCurveData*, double>> active;
+    return active;
+}
+
+KeyReplacement::KeyReplacement(const AnimCurveData& curve, double input) : fCurve(&curve), fInput(input)
+{
+    replacements().emplace_back(fCurve, fInput);
+}
+
+KeyReplacement::~KeyReplacement()
+{
+    auto& active = replacements();
+    active.erase(std::find(active.begin(), active.end(), std::make_pair(fCurve, fInput)));
+}
+
+bool KeyReplacement::active(const AnimCurveData& curve, double input)
+{
+    const auto& active = replacements();
+    return std::find(active.begin(), active.end(), std::make_pair(&curve, input)) != active.end();
 }
 
 void deliverKeyEdits()

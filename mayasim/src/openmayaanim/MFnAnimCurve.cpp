@@ -2,6 +2,7 @@
 
 #include "openmayaanim/AnimCurveNodes.h"
 #include "openmayaanim/ChangeLog.h"
+#include "openmayaanim/KeyEvents.h"
 #include "scene/Api.h"
 #include "scene/Operations.h"
 #include "scene/Plugs.h"
@@ -139,6 +140,7 @@ unsigned int addKeyAt(const MObject& object, bool timeInput, double input, doubl
     MStatus result = editCurve(object, [&](const Curve& curve) -> MStatus {
         if (curve.kind->timeInput != timeInput || !anim::isTangentType(inType) || !anim::isTangentType(outType))
             return MS::kInvalidParameter;
+        const anim::KeyReplacement replacing(*curve.data, input); // a key over a key is reported replaced
         index =
             static_cast<unsigned int>(curve.data->addKey(input, value, typeOf(inType), typeOf(outType), logOf(change)));
         return MS::kSuccess;

@@ -171,6 +171,11 @@ TEST_F(KeyEvents, ApiEditsOutsideMelArriveAtOnceAndUndoIsReportedToo)
     EXPECT_EQ(deliveries[2][0].deltaType, MFnKeyframeDeltaAddRemove::kAdded);
     EXPECT_EQ(deliveries[3][0].previous, 4.0);
     EXPECT_EQ(deliveries[3][0].value, 10.0);
+    curve.addKey(frame(11), -1.0);
+    ASSERT_EQ(deliveries.size(), 5u);
+    EXPECT_EQ(deliveries[4][0].deltaType, MFnKeyframeDeltaAddRemove::kReplaced);
+    EXPECT_EQ(deliveries[4][0].previous, 10.0);
+    EXPECT_EQ(deliveries[4][0].value, -1.0);
 }
 
 TEST_F(KeyEvents, UndoOfACommandReportsTheKeysItTakesBack)
