@@ -31,11 +31,12 @@ MObject objectFor(const NodePtr& node)
 // --- setKeyframe ------------------------------------------------------------------
 
 // Sets a key (internal value) on a curve, over the key at that time if any.
-void setKeyOn(KeyEdits& edits, const MObject& curve, const MTime& time, double value)
+void setKeyOn(KeyEdits& edits, const MObject& curve, const MTime& time, double value,
+              MFnAnimCurve::TangentType outType = MFnAnimCurve::kTangentGlobal)
 {
     MFnAnimCurve fn(curve);
     MStatus status;
-    fn.addKey(time, value, MFnAnimCurve::kTangentGlobal, MFnAnimCurve::kTangentGlobal, edits.curves(), &status);
+    fn.addKey(time, value, MFnAnimCurve::kTangentGlobal, outType, edits.curves(), &status);
     if (!status)
         throw MelError(std::string("setKeyframe: Cannot set a key on ") + fn.name().asChar() + ".");
 }
@@ -75,8 +76,13 @@ bool keyPlug(KeyEdits& edits, const PlugRef& shown, const std::vector<MTime>& ti
             throw MelError("setKeyframe: Cannot key " + ops::plugText(*plug.node, plug.key) + ".");
         ops::absorb(edits.scene(), modifier);
     }
+    // Switches (booleans and enums) hold their value until the next key.
+    const Attribute& attribute = *plug.key.attribute;
+    const bool stepped = attribute.kind == Attribute::Kind::Enum ||
+                         (attribute.kind == Attribute::Kind::Numeric && attribute.numericType == MFnNumericData::kBoolean);
     for (std::size_t i = 0; i < times.size(); ++i)
-        setKeyOn(edits, curve, times[i], uiValue ? curveValueFromUi(*nodeObject(curve), *uiValue) : values[i]);
+        setKeyOn(edits, curve, times[i], uiValue ? curveValueFromUi(*nodeObject(curve), *uiValue) : values[i],
+                 stepped ? MFnAnimCurve::kTangentStep : MFnAnimCurve::kTangentGlobal);
     // Keyed, the plug follows its curve again: a value set on it gives way.
     for (const PlugRef& keyed : {plug, shown})
         if (PlugState* state = keyed.node->state(keyed.key))

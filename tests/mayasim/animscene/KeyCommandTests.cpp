@@ -51,6 +51,8 @@ TEST_F(KeyCommands, SetKeyframeKeysEveryKeyableChannelWithCurvesNamedAfterThem)
     // New keys take the global tangent types: auto in Maya 2022.
     EXPECT_EQ(curve("box_translateX").inTangentType(0), MFnAnimCurve::kTangentAuto);
     EXPECT_EQ(curve("box_translateX").outTangentType(0), MFnAnimCurve::kTangentAuto);
+    // A switch holds its value from key to key.
+    EXPECT_EQ(curve("box_visibility").outTangentType(0), MFnAnimCurve::kTangentStep);
 }
 
 TEST_F(KeyCommands, SetKeyframeValuesAreInUiUnitsAndCurvesHoldInternalOnes)
