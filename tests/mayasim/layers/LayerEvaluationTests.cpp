@@ -7,6 +7,8 @@
 
 namespace {
 
+using namespace dgtest;
+
 // cube.tx holds 3 before it goes into layers.
 class LayerEvaluationTest : public LayerTest
 {

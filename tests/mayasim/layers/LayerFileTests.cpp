@@ -7,6 +7,8 @@
 
 namespace {
 
+using namespace dgtest;
+
 using Strings = std::vector<std::string>;
 
 std::string scratchFile(const std::string& name)

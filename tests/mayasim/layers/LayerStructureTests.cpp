@@ -10,6 +10,8 @@
 
 namespace {
 
+using namespace dgtest;
+
 using Strings = std::vector<std::string>;
 
 TEST_F(LayerTest, FirstLayerMakesTheRootAndHangsUnderIt)

@@ -1,21 +1,12 @@
 #pragma once
 // Shared set-up for the animation layer tests: a new scene per test holding
-// a transform "cube", MEL helpers, and the layer queries the plug-in makes.
+// a transform "cube", and the layer queries the plug-in makes.
+#include "../dg/DgTest.h"
+
 #include <maya/MAnimUtil.h>
 #include <maya/MFileIO.h>
-#include <maya/MFnDependencyNode.h>
-#include <maya/MGlobal.h>
-#include <maya/MItDependencyNodes.h>
 #include <maya/MObjectArray.h>
 #include <maya/MPlugArray.h>
-#include <maya/MSelectionList.h>
-#include <maya/MStringArray.h>
-#include <mayasim/Host.h>
-
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
 
 class LayerTest : public ::testing::Test
 {
@@ -24,51 +15,7 @@ protected:
     {
         ASSERT_TRUE(MFileIO::newFile(true));
         mayasim::host::clearOutput();
-        ASSERT_TRUE(mel("createNode transform -n cube"));
-    }
-
-    static bool mel(const std::string& text) { return MGlobal::executeCommand(text.c_str(), false, true); }
-
-    static std::string melString(const std::string& text)
-    {
-        MString result;
-        EXPECT_TRUE(MGlobal::executeCommand(text.c_str(), result, false, true)) << text;
-        return result.asChar();
-    }
-
-    static std::vector<std::string> melStrings(const std::string& text)
-    {
-        MStringArray result;
-        MGlobal::executeCommand(text.c_str(), result, false, true);
-        std::vector<std::string> strings;
-        for (const MString& s : result)
-            strings.push_back(s.asChar());
-        return strings;
-    }
-
-    static double melNumber(const std::string& text)
-    {
-        double result = 0.0;
-        EXPECT_TRUE(MGlobal::executeCommand(text.c_str(), result, false, true)) << text;
-        return result;
-    }
-
-    static MObject nodeNamed(const std::string& name)
-    {
-        MSelectionList list;
-        MObject node;
-        if (list.add(name.c_str()))
-            list.getDependNode(0, node);
-        return node;
-    }
-
-    static MPlug plugNamed(const std::string& name)
-    {
-        MSelectionList list;
-        MPlug plug;
-        if (list.add(name.c_str()))
-            list.getPlug(0, plug);
-        return plug;
+        ASSERT_TRUE(dgtest::mel("createNode transform -n cube"));
     }
 
     static std::string nameOf(const MObject& node) { return MFnDependencyNode(node).name().asChar(); }
@@ -87,7 +34,7 @@ protected:
     {
         MObjectArray layers;
         MPlugArray inputs;
-        MAnimUtil::findAnimationLayers(plugNamed(plug), layers, inputs);
+        MAnimUtil::findAnimationLayers(dgtest::plugNamed(plug), layers, inputs);
         std::vector<std::string> found;
         for (unsigned int i = 0; i < layers.length(); ++i)
         {
@@ -101,7 +48,7 @@ protected:
     static std::vector<std::string> curvesOf(const std::string& plug)
     {
         MObjectArray curves;
-        MAnimUtil::findAnimation(plugNamed(plug), curves);
+        MAnimUtil::findAnimation(dgtest::plugNamed(plug), curves);
         std::vector<std::string> names;
         for (unsigned int i = 0; i < curves.length(); ++i)
             names.push_back(nameOf(curves[i]));
@@ -110,15 +57,15 @@ protected:
 
     static std::string bestLayer(const std::string& plug)
     {
-        return melString("animLayer -q -bestLayer -attribute \"" + plug + "\"");
+        return dgtest::melString("animLayer -q -bestLayer -attribute \"" + plug + "\"");
     }
 
     // Two layers above the base animation, both holding cube.tx, which the
     // base animation keys from 2 at frame 1 to 20 at frame 10.
     static void twoLayersOnTranslateX()
     {
-        ASSERT_TRUE(mel("setKeyframe -t 1 -v 2 cube.tx; setKeyframe -t 10 -v 20 cube.tx"));
-        ASSERT_TRUE(mel("animLayer L1; animLayer L2"));
-        ASSERT_TRUE(mel("animLayer -e -attribute cube.translateX L1; animLayer -e -attribute cube.tx L2"));
+        ASSERT_TRUE(dgtest::mel("setKeyframe -t 1 -v 2 cube.tx; setKeyframe -t 10 -v 20 cube.tx"));
+        ASSERT_TRUE(dgtest::mel("animLayer L1; animLayer L2"));
+        ASSERT_TRUE(dgtest::mel("animLayer -e -attribute cube.translateX L1; animLayer -e -attribute cube.tx L2"));
     }
 };
