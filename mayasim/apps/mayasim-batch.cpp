@@ -70,7 +70,7 @@ int run(const Options& options)
     if (!options.file.empty() && !MFileIO::open(options.file.c_str(), nullptr, true))
         ok = false;
     for (const auto& [isScript, text] : options.steps)
-        ok = (isScript ? mayasim::host::runScript(text) : MGlobal::executeCommand(text.c_str(), true, false)) && ok;
+        ok = (isScript ? mayasim::host::runScript(text) : MGlobal::executeCommand(text.c_str(), true, true)) && ok;
     if (!options.save.empty() && !MFileIO::saveAs(options.save.c_str(), "mayaAscii", true))
         ok = false;
     return ok ? 0 : 1;

@@ -8,7 +8,9 @@
 QString formatReport(const QString& message, const QString& line, const QString& file, const QString& function)
 {
     // "src/KeyBlending/Cmd.cpp" shows as "Cmd": the last path component up to its first dot.
-    const QString fileName = QDir(file).dirName().split(QLatin1Char('.'), Qt::KeepEmptyParts).first();
+    // Paths may mix both kinds of separator.
+    const QString path = QString(file).replace(QLatin1Char('\\'), QLatin1Char('/'));
+    const QString fileName = QDir(path).dirName().split(QLatin1Char('.'), Qt::KeepEmptyParts).first();
     QString block = QStringLiteral("\n===============[Orvane]===============\n");
     if (!message.isEmpty())
         block += QStringLiteral("Message: ") + message + QStringLiteral("\n\n");

@@ -378,7 +378,7 @@ RunOutcome executeMel(const std::string& text, const RunOptions& options)
         writeOutput(OutputKind::Echo, text);
     std::vector<mel::StatementPtr> statements;
     try {
-        statements = mel::parse(text);
+        statements = mel::parse(text, options.firstLine);
     } catch (const mel::SyntaxError& error) {
         writeOutput(OutputKind::Error, error.line);
         writeOutput(OutputKind::Error,

@@ -11,6 +11,7 @@ struct RunOptions
 {
     bool display = false; // echo the text and print "// Result: ... //"
     bool undo = true;     // record the work in the undo queue
+    int firstLine = 1;    // the line the text starts on, for error messages
 };
 
 struct RunOutcome

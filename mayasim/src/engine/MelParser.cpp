@@ -45,7 +45,7 @@ MelValue::Type typeOf(const std::string& word)
 class Parser
 {
 public:
-    explicit Parser(const std::string& source) : fSource(source) {}
+    Parser(const std::string& source, int firstLine) : fSource(source), fLine(firstLine) {}
 
     std::vector<StatementPtr> script()
     {
@@ -562,9 +562,9 @@ private:
 
 } // namespace
 
-std::vector<StatementPtr> parse(const std::string& source)
+std::vector<StatementPtr> parse(const std::string& source, int firstLine)
 {
-    return Parser(source).script();
+    return Parser(source, firstLine).script();
 }
 
 } // namespace mayasim::mel

@@ -80,6 +80,6 @@ struct SyntaxError
 };
 
 // Throws SyntaxError.
-std::vector<StatementPtr> parse(const std::string& source);
+std::vector<StatementPtr> parse(const std::string& source, int firstLine = 1);
 
 } // namespace mayasim::mel

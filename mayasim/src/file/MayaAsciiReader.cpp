@@ -1,4 +1,5 @@
 #include "engine/Command.h"
+#include "engine/Interpreter.h"
 #include "engine/Output.h"
 #include "file/MayaAscii.h"
 #include "file/Statements.h"
@@ -99,7 +100,7 @@ void readMayaAscii(const std::string& path)
     for (const Statement& statement : splitStatements(text.str()))
     {
         unknownTypes.declare(statement);
-        if (runMel(placedText(statement), nullptr, false))
+        if (executeMel(statement.text + ";", RunOptions{false, false, statement.line}).ok)
             continue;
         failed = true;
         // The relative setAttr lines after a failed "select -ne :node" must

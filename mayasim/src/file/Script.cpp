@@ -22,7 +22,7 @@ bool runScript(const std::string& path)
     for (const file::Statement& statement : file::splitStatements(text.str()))
     {
         writeOutput(OutputKind::Echo, statement.text + ";");
-        const RunOutcome outcome = executeMel(file::placedText(statement), RunOptions{false, true});
+        const RunOutcome outcome = executeMel(statement.text + ";", RunOptions{false, true, statement.line});
         if (!outcome.ok)
             return false;
         if (outcome.value.type != MelValue::Type::None)

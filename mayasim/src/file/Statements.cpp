@@ -71,9 +71,4 @@ std::vector<Statement> splitStatements(const std::string& text)
     return statements;
 }
 
-std::string placedText(const Statement& statement)
-{
-    return std::string(statement.line - 1, '\n') + statement.text + ";";
-}
-
 } // namespace mayasim::file

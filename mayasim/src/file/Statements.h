@@ -17,8 +17,4 @@ struct Statement
 // dropped; text after the last ';' is a statement of its own.
 std::vector<Statement> splitStatements(const std::string& text);
 
-// The statement with its ';', after as many newlines as put it on its line,
-// so that the interpreter's errors name the line of the file.
-std::string placedText(const Statement& statement);
-
 } // namespace mayasim::file

@@ -1,5 +1,6 @@
 #include "foundation/NumberText.h"
 
+#include <charconv>
 #include <cerrno>
 #include <cmath>
 #include <cstdio>
@@ -17,19 +18,11 @@ std::string doubleText(double value)
         return value > 0 ? "inf" : "-inf";
     if (value == 0.0)
         return "0";
-    char buffer[40];
-    int precision = 1;
-    for (; precision <= 17; ++precision) {
-        std::snprintf(buffer, sizeof buffer, "%.*g", precision, value);
-        if (std::strtod(buffer, nullptr) == value)
-            break;
-    }
-    // %g writes an exponent once the digits before the point outnumber the
-    // precision; up to 17 of them are written out ("10", not "1e+01").
-    const int digits = static_cast<int>(std::floor(std::log10(std::fabs(value)))) + 1;
-    if (std::strchr(buffer, 'e') && digits > precision && digits <= 17)
-        std::snprintf(buffer, sizeof buffer, "%.*g", digits, value);
-    return buffer;
+    // The shortest text that reads back exactly, in plain or exponent form,
+    // whichever is shorter ("10", "0.1", "1e+20").
+    char buffer[64];
+    const auto result = std::to_chars(buffer, buffer + sizeof buffer, value);
+    return std::string(buffer, result.ptr);
 }
 
 std::string fixedText(double value, int precision)

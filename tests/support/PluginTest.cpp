@@ -1,0 +1,78 @@
+#include "PluginTest.h"
+
+#include <maya/MDoubleArray.h>
+#include <maya/MFileIO.h>
+#define MNoVersionString // the plug-in emits the version symbols
+#include <maya/MFnPlugin.h>
+#include <maya/MGlobal.h>
+#include <mayasim/Host.h>
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+void PluginTest::SetUp()
+{
+    ASSERT_TRUE(MFileIO::newFile(true));
+    mayasim::host::clearKeySelection();
+    mayasim::host::clearTimeSliderHighlight();
+    for (auto section : {mayasim::host::ChannelBoxSection::Main, mayasim::host::ChannelBoxSection::Shape,
+                         mayasim::host::ChannelBoxSection::Output, mayasim::host::ChannelBoxSection::History})
+        mayasim::host::setChannelBoxHighlight(section, {});
+    ASSERT_TRUE(mayasim::host::loadLinkedPlugin("orvane", initializePlugin, uninitializePlugin));
+    mayasim::host::clearOutput();
+}
+
+void PluginTest::TearDown()
+{
+    MGlobal::executeCommand("flushUndo");
+    EXPECT_TRUE(MGlobal::executeCommand("unloadPlugin orvane"));
+}
+
+MStatus PluginTest::mel(const std::string& text) { return MGlobal::executeCommand(text.c_str(), false, true); }
+
+void PluginTest::keyPlug(const std::string& plug, const std::vector<std::pair<double, double>>& keys)
+{
+    for (const auto& [frame, value] : keys) {
+        const std::string command = "setKeyframe -t " + std::to_string(frame) + " -v " + std::to_string(value) + " "
+                                    + plug;
+        ASSERT_TRUE(mel(command)) << command;
+    }
+    ASSERT_TRUE(mel("currentTime 1"));
+}
+
+namespace {
+
+std::vector<double> keyQuery(const std::string& flags, const std::string& curveOrPlug)
+{
+    MDoubleArray values;
+    MGlobal::executeCommand(("keyframe -q " + flags + " " + curveOrPlug).c_str(), values);
+    return std::vector<double>(values.begin(), values.end());
+}
+
+} // namespace
+
+std::vector<double> PluginTest::keyValues(const std::string& curveOrPlug) { return keyQuery("-vc", curveOrPlug); }
+
+std::vector<double> PluginTest::keyTimes(const std::string& curveOrPlug) { return keyQuery("-tc", curveOrPlug); }
+
+std::string PluginTest::sceneText()
+{
+    QTemporaryDir folder;
+    const QString path = QDir(folder.path()).filePath(QStringLiteral("scene.ma"));
+    EXPECT_TRUE(MFileIO::exportAll(path.toUtf8().constData(), "mayaAscii"));
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return std::string();
+    return file.readAll().toStdString();
+}
+
+std::vector<std::string> PluginTest::reports()
+{
+    std::vector<std::string> blocks;
+    for (const auto& line : mayasim::host::output()) {
+        if (line.kind == mayasim::host::OutputLine::Kind::Info && line.text.find("[Orvane]") != std::string::npos)
+            blocks.push_back(line.text);
+    }
+    return blocks;
+}
