@@ -170,6 +170,7 @@ std::string text(const SelectionItem& item)
     {
         PlugNameOptions options;
         options.includeNodeName = true;
+        options.useLongNames = true; // "pCube1.translateX", as ls -sl shows it
         return plugName(*node, plugKey(item.plug), options);
     }
     const std::string name = scene::partialPathName(*node);

@@ -66,7 +66,7 @@ TEST_F(SelectionTest, AddResolvesNamesPathsWildcardsPlugsComponentsAndUuids)
     EXPECT_TRUE(list.add("g|child")) << "already present: merged";
     EXPECT_TRUE(list.add("pCube1.tx"));
     EXPECT_TRUE(list.add("pCube1.vtx[0:3]"));
-    EXPECT_EQ(strings(list), (std::vector<std::string>{"ab", "child", "pCube1.tx", "pCube1.vtx[0:3]"}));
+    EXPECT_EQ(strings(list), (std::vector<std::string>{"ab", "child", "pCube1.translateX", "pCube1.vtx[0:3]"}));
     EXPECT_EQ(list.length(), 4u);
 
     MPlug plug;
@@ -80,6 +80,10 @@ TEST_F(SelectionTest, AddResolvesNamesPathsWildcardsPlugsComponentsAndUuids)
     EXPECT_FALSE(list.add("pCube1.nothing"));
     EXPECT_FALSE(list.add("x1E0x1E*")) << "a wildcard that matches nothing fails";
     EXPECT_EQ(list.length(), 4u);
+
+    MSelectionList curvePick;
+    EXPECT_TRUE(curvePick.add("ab[2]"));
+    EXPECT_EQ(strings(curvePick), (std::vector<std::string>{"ab[2]"}));
 
     MSelectionList byUuid;
     const MString uuid = MFnDependencyNode(nodeNamed("ab")).uuid().asString();
