@@ -272,6 +272,10 @@ std::vector<NodePtr> childrenOf(const Node& layer)
     return children;
 }
 
+namespace {
+
+// Every layer in stack order, bottom to top: the root, then each layer
+// followed by its children.
 std::vector<NodePtr> stack()
 {
     std::vector<NodePtr> order;
@@ -286,6 +290,8 @@ std::vector<NodePtr> stack()
         visit(base, visit);
     return order;
 }
+
+} // namespace
 
 std::vector<PlugAddress> membersOf(const Node& layer)
 {

@@ -27,9 +27,6 @@ bool isBlend(const Node& node);
 
 // The root layer, or null when the scene has no layers.
 NodePtr root();
-// Every layer in stack order, bottom to top: the root, then each layer
-// followed by its children.
-std::vector<NodePtr> stack();
 NodePtr parentOf(const Node& layer);
 std::vector<NodePtr> childrenOf(const Node& layer);
 // The plugs a layer holds (its dagSetMembers' sources), in order.
