@@ -5,6 +5,7 @@
 #include "engine/FileInfo.h"
 #include "engine/UndoQueue.h"
 #include "file/MayaAscii.h"
+#include "openmayaanim/TimeControl.h"
 #include "scene/Scene.h"
 #include "scene/Selection.h"
 
@@ -74,6 +75,7 @@ void clearScene()
     scene::clear();
     clearFileInfo();
     undo::flush();
+    anim::resetTime();
 }
 
 void readInto(const std::string& path, bool& phase)

@@ -1,4 +1,6 @@
+#include <maya/MAngle.h>
 #include <maya/MAnimControl.h>
+#include <maya/MDistance.h>
 
 #include "engine/Events.h"
 #include "openmayaanim/AnimCurveData.h"
@@ -11,18 +13,28 @@ namespace mayasim::anim {
 
 namespace {
 
+PlaybackRange startRange()
+{
+    return PlaybackRange{MTime(1.0, MTime::uiUnit()), MTime(120.0, MTime::uiUnit()), MTime(1.0, MTime::uiUnit()),
+                         MTime(200.0, MTime::uiUnit())};
+}
+
 PlaybackRange& range()
 {
-    // Maya's start-up range: playback 1..120 inside 1..200.
-    static PlaybackRange state{MTime(1.0, MTime::uiUnit()), MTime(120.0, MTime::uiUnit()),
-                               MTime(1.0, MTime::uiUnit()), MTime(200.0, MTime::uiUnit())};
+    static PlaybackRange state = startRange();
     return state;
 }
 
-// Maya starts at frame 1.
-[[maybe_unused]] const bool startsAtFrameOne = (eval::setCurrentTime(MTime(1.0, MTime::uiUnit())), true);
-
 } // namespace
+
+void resetTime()
+{
+    MTime::setUIUnit(MTime::kFilm);
+    MAngle::setUIUnit(MAngle::kDegrees);
+    MDistance::setUIUnit(MDistance::kCentimeters);
+    range() = startRange();
+    eval::setCurrentTime(MTime(1.0, MTime::uiUnit()));
+}
 
 bool PlaybackRange::operator==(const PlaybackRange& other) const
 {

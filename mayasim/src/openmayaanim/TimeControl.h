@@ -33,6 +33,10 @@ PlaybackRange withEnd(PlaybackRange range, RangeEnd end, const MTime& time);
 // "playbackRangeSliderChanged" when the animation range did.
 void setPlaybackRange(const PlaybackRange& range);
 
+// A new scene's time: film units, frame 1, playback 1..120 inside 1..200.
+// Fires nothing: the scene messages of File New tell listeners.
+void resetTime();
+
 // Moves the current time: values set on driven plugs since the last change
 // give way to their inputs, and the time-change messages fire.
 void setCurrentTime(const MTime& time);
