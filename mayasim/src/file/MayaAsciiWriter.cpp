@@ -230,6 +230,8 @@ void writeNode(std::ostream& out, const Node& node, std::vector<std::string>& la
         if (!flags.empty())
             out << "\tsetAttr" << flags << " " << path << ";\n";
     }
+    if (node.type()->fileLines)
+        out << node.type()->fileLines(node, numberText);
 }
 
 // DAG nodes parent first, depth first in child order; then the others in

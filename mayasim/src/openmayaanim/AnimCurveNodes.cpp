@@ -1,5 +1,7 @@
 #include "openmayaanim/AnimCurveNodes.h"
 
+#include "file/SceneFile.h"
+#include "openmayaanim/KeyAttributes.h"
 #include "scene/Evaluation.h"
 #include "scene/NodeType.h"
 
@@ -81,6 +83,9 @@ void registerCurveTypes()
         type->addAttribute(output);
         type->compute = computeOutput;
         type->copyData = copyKeys;
+        declareKeyAttributes(*type,
+                             valueAttribute("keyTime", "kt", kind.timeInput ? OutputUnit::Time : OutputUnit::Unitless),
+                             valueAttribute("keyValue", "kv", kind.output));
         registerNodeType(type);
     }
 }
@@ -125,6 +130,10 @@ std::shared_ptr<AnimCurveData> curveData(Node& node)
         it = it->second.node.expired() ? curves().erase(it) : std::next(it);
     auto data = std::make_shared<AnimCurveData>(curveKind(node)->timeInput);
     curves()[&node] = {node.weak_from_this(), data};
+    // A curve a file makes is weighted unless the file says otherwise: the
+    // node's default, which files leave out.
+    if (file::reading())
+        data->setWeighted(true, nullptr);
     return data;
 }
 

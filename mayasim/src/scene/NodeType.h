@@ -15,6 +15,7 @@ class MPxNode;
 
 namespace mayasim {
 
+class Edit;
 class Node;
 struct PlugKey;
 
@@ -48,6 +49,15 @@ public:
     // Copies what a node keeps outside its plugs (an anim curve's keys)
     // to its duplicate.
     std::function<void(Node& original, Node& copy)> copyData;
+    // Plugs whose values the type keeps itself, outside the plug store (an
+    // anim curve's keys): a write is the edit this returns (null for plugs
+    // it doesn't keep); reads come from `compute`; a saved file gets
+    // `fileLines` after the node's own setAttr lines.
+    std::function<std::unique_ptr<Edit>(const std::shared_ptr<Node>& node, const PlugKey& key, const Value& value)>
+        keptValueEdit;
+    // `numberText` writes a number of an attribute as setAttr reads it.
+    using NumberText = std::function<std::string(const Attribute& attribute, double value)>;
+    std::function<std::string(const Node& node, const NumberText& numberText)> fileLines;
 
     bool hasFn(MFn::Type type) const;
     bool isA(const std::string& typeName) const;

@@ -222,7 +222,8 @@ void setValue(EditList& edits, const NodePtr& node, const PlugKey& key, const Va
         throw MelError("The attribute '" + plugText(*node, key) + "' is not writable.");
     if (!key.complete())
         throw MelError("The attribute '" + plugText(*node, key) + "' is a multi; give an element index.");
-    edits.run(editing::setValue(node, key, value));
+    EditPtr kept = node->type()->keptValueEdit ? node->type()->keptValueEdit(node, key, value) : nullptr;
+    edits.run(kept ? std::move(kept) : editing::setValue(node, key, value));
 }
 
 void setVector(EditList& edits, const NodePtr& node, const std::string& compound, const MVector& v)

@@ -1,0 +1,54 @@
+//Maya ASCII 2022 scene
+//Name: anim_curves.ma
+//Codeset: UTF-8
+requires maya "2022";
+currentUnit -l centimeter -a degree -t film;
+createNode transform -n "box";
+createNode transform -n "follower";
+createNode animCurveTL -n "box_translateX";
+	setAttr ".tan" 2;
+	setAttr ".wgt" no;
+	setAttr -s 3 ".ktv[0:2]"  1 0 11 10 21 0;
+	setAttr ".pre" 1;
+	setAttr ".pst" 5;
+createNode animCurveTA -n "box_rotateY";
+	setAttr ".tan" 18;
+	setAttr ".wgt" no;
+	setAttr -s 3 ".ktv[0:2]"  1 0 5 90 9 45;
+	setAttr -s 3 ".kot[0:2]"  5 17 5;
+	setAttr ".pre" 3;
+	setAttr ".pst" 4;
+createNode animCurveTA -n "box_rotateZ";
+	setAttr ".tan" 1;
+	setAttr ".wgt" no;
+	setAttr -s 2 ".ktv[0:1]"  0 0 24 90;
+	setAttr -s 2 ".kix[0:1]"  1 1;
+	setAttr -s 2 ".kiy[0:1]"  0 0;
+	setAttr -s 2 ".kox[0:1]"  0.5370292721463151 1;
+	setAttr -s 2 ".koy[0:1]"  0.8435636080687686 0;
+createNode animCurveTL -n "box_translateY";
+	setAttr ".tan" 1;
+	setAttr -s 2 ".ktv[0:1]"  0 0 24 10;
+	setAttr -s 2 ".kwl[0:1]" no no;
+	setAttr -s 2 ".kix[0:1]"  0.5 0.5;
+	setAttr -s 2 ".kiy[0:1]"  0 0;
+	setAttr -s 2 ".kox[0:1]"  0.5 0.5;
+	setAttr -s 2 ".koy[0:1]"  12 5;
+	setAttr ".pst" 1;
+createNode animCurveTU -n "box_scaleX";
+	setAttr ".tan" 18;
+	setAttr ".wgt" no;
+	setAttr -s 3 ".ktv[0:2]"  1 1 11 2 21 1;
+	setAttr -s 3 ".ktl[1:2]" no yes;
+createNode animCurveUL -n "follower_translateZ";
+	setAttr ".tan" 2;
+	setAttr ".wgt" no;
+	setAttr -s 2 ".ktv[0:1]"  0 0 10 20;
+connectAttr "box_translateX.o" "box.tx";
+connectAttr "box_rotateY.o" "box.ry";
+connectAttr "box_rotateZ.o" "box.rz";
+connectAttr "box_translateY.o" "box.ty";
+connectAttr "box_scaleX.o" "box.sx";
+connectAttr "box.tx" "follower_translateZ.i";
+connectAttr "follower_translateZ.o" "follower.tz";
+// End of anim_curves.ma
