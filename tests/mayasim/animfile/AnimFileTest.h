@@ -1,14 +1,11 @@
 #pragma once
-// Shared set-up for the tests of anim curves in scene files: the animation
-// scene defaults, the bundled test files and per-test scratch files, and
-// curve values read through MEL.
+// Shared set-up for the tests of anim curves in scene files: the scene file
+// tests' fixture (a new scene, bundled and scratch files) with opening and
+// saving through MEL and curve values read at other frames.
 #include "../animscene/SceneTest.h"
+#include "../file/FileTest.h"
 
 #include <maya/MFnAnimCurve.h>
-
-#include <filesystem>
-#include <fstream>
-#include <sstream>
 
 namespace animfile {
 
@@ -27,37 +24,9 @@ inline MFnAnimCurve curve(const std::string& name)
     return MFnAnimCurve(nodeNamed(name));
 }
 
-inline std::vector<std::string> errors()
-{
-    std::vector<std::string> lines;
-    for (const auto& line : mayasim::host::output())
-        if (line.kind == mayasim::host::OutputLine::Kind::Error)
-            lines.push_back(line.text);
-    return lines;
-}
-
-class AnimFileTest : public SceneTest
+class AnimFileTest : public FileTest
 {
 protected:
-    static std::string dataFile(const std::string& name) { return std::string(ORVANE_TEST_DATA) + "/" + name; }
-
-    // A file of this test's own in the build folder.
-    static std::string scratchFile(const std::string& name)
-    {
-        const auto* test = ::testing::UnitTest::GetInstance()->current_test_info();
-        const auto folder = std::filesystem::path(ORVANE_BINARY_DIR) / "animfile_tests" / test->test_suite_name();
-        std::filesystem::create_directories(folder);
-        return (folder / (std::string(test->name()) + "_" + name)).generic_string();
-    }
-
-    static std::string contents(const std::string& path)
-    {
-        std::ifstream in(path, std::ios::binary);
-        std::ostringstream text;
-        text << in.rdbuf();
-        return text.str();
-    }
-
     static bool open(const std::string& path) { return mel("file -f -o \"" + path + "\""); }
     static bool saveAs(const std::string& path)
     {
