@@ -124,8 +124,7 @@ double keyNumber(const Key& key, Field field)
     }
 }
 
-// --- reading
-// -------------------------------------------------------------------
+// --- reading ---
 
 std::optional<Value> keptValue(Node& node, const PlugKey& key)
 {
@@ -147,8 +146,19 @@ std::optional<Value> keptValue(Node& node, const PlugKey& key)
     return Value::ofNumber(keyNumber(curve.key(static_cast<std::size_t>(element)), *field));
 }
 
-// --- writing
-// -------------------------------------------------------------------
+// Every key is an element of the per-key arrays.
+std::vector<int> keptIndices(const Node& node, const PlugKey& arrayKey)
+{
+    const Attribute& array = *arrayKey.attribute;
+    if (!array.array || array.dynamic || (array.shortName != "ktv" && !fieldOf(array)))
+        return {};
+    std::vector<int> indices(curveData(const_cast<Node&>(node))->size()); // made on first use
+    for (std::size_t i = 0; i < indices.size(); ++i)
+        indices[i] = static_cast<int>(i);
+    return indices;
+}
+
+// --- writing ---
 
 // The key a keyTimeValue element added last: its value may come next, and
 // the key need not sit at the element's index when a file lists keys out of
@@ -290,8 +300,7 @@ std::unique_ptr<Edit> keyAttributeEdit(const NodePtr& node, const PlugKey& key, 
     return std::make_unique<KeyEdit>(node, key, *field, value.number);
 }
 
-// --- saving
-// --------------------------------------------------------------------
+// --- saving ---
 
 // A curve's setAttr lines in Maya's order: tangentType, weightedTangents,
 // keyTimeValue, then the per-key attributes from the first key that
@@ -319,9 +328,9 @@ public:
                field(Field::WeightsLocked));
         // Loading computes the tangents of all but fixed sides; those that
         // differ from that (set as numbers) are written too.
+        // Making a curve weighted or not recomputes every non-fixed tangent.
         AnimCurveData loaded(fCurve);
-        loaded.setWeighted(!fCurve.settings().weighted,
-                           nullptr); // recomputes every non-fixed tangent
+        loaded.setWeighted(!fCurve.settings().weighted, nullptr);
         loaded.setWeighted(fCurve.settings().weighted, nullptr);
         for (Side side : {Side::In, Side::Out})
         {
@@ -456,6 +465,7 @@ void declareKeyAttributes(NodeType& type, const AttributePtr& keyTime, const Att
         return output(node, key);
     };
     type.keptValueEdit = keyAttributeEdit;
+    type.keptIndices = keptIndices;
     type.fileLines = curveFileLines;
 }
 

@@ -51,10 +51,12 @@ public:
     std::function<void(Node& original, Node& copy)> copyData;
     // Plugs whose values the type keeps itself, outside the plug store (an
     // anim curve's keys): a write is the edit this returns (null for plugs
-    // it doesn't keep); reads come from `compute`; a saved file gets
-    // `fileLines` after the node's own setAttr lines.
+    // it doesn't keep); reads come from `compute`; an array plug's elements
+    // include `keptIndices`; a saved file gets `fileLines` after the node's
+    // own setAttr lines.
     std::function<std::unique_ptr<Edit>(const std::shared_ptr<Node>& node, const PlugKey& key, const Value& value)>
         keptValueEdit;
+    std::function<std::vector<int>(const Node& node, const PlugKey& arrayKey)> keptIndices;
     // `numberText` writes a number of an attribute as setAttr reads it.
     using NumberText = std::function<std::string(const Attribute& attribute, double value)>;
     std::function<std::string(const Node& node, const NumberText& numberText)> fileLines;

@@ -191,6 +191,9 @@ std::vector<int> existingIndices(const Node& node, const PlugKey& arrayKey)
     for (const auto& entry : node.outgoing)
         if (!entry.second.empty())
             consider(entry.first);
+    if (node.type()->keptIndices)
+        for (int index : node.type()->keptIndices(node, arrayKey))
+            indices.insert(index);
     return {indices.begin(), indices.end()};
 }
 

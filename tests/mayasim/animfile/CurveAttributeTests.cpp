@@ -50,6 +50,10 @@ TEST_F(CurveAttributes, KeyTimeValueAddsKeysOfTheCurvesTangentTypeInTimeOrder)
     // No tangentType: the host's default type (auto).
     EXPECT_EQ(c.inTangentType(1), MFnAnimCurve::kTangentAuto);
     EXPECT_EQ(melNumbers("getAttr c.ktv[2]"), (std::vector<double>{21, 0}));
+    EXPECT_EQ(melNumbers("getAttr c.ktv"), (std::vector<double>{1, 0, 11, 10, 21, 0}));
+    EXPECT_EQ(melNumber("getAttr -s c.ktv"), 3.0);
+    EXPECT_EQ(melNumber("getAttr -s c.kix"), 3.0);
+    EXPECT_EQ(plugNamed("c.kot").numElements(), 3u);
 
     ASSERT_TRUE(mel("createNode animCurveTU -n d; setAttr d.tan 3; setAttr -s 3 "
                     "\"d.ktv[0:2]\" 20 2 5 1 10 3"));
