@@ -27,6 +27,9 @@ inline MFnAnimCurve curve(const std::string& name)
 class AnimFileTest : public FileTest
 {
 protected:
+    // Files may change the units.
+    void TearDown() override { mel("currentUnit -l centimeter -a degree -t film"); }
+
     static bool open(const std::string& path) { return mel("file -f -o \"" + path + "\""); }
     static bool saveAs(const std::string& path)
     {

@@ -211,3 +211,37 @@ TEST_F(CurveFiles, SavedCurvesReadAsMayaWritesThem)
     EXPECT_THAT(text, HasSubstr("connectAttr \"box_translateX.o\" \"box.tx\";\n"));
     EXPECT_THAT(text, Not(HasSubstr(".pre")));
 }
+
+TEST_F(CurveFiles, KeysAreInTheFilesUnitsAndTangentsInInternalOnes)
+{
+    // Metres, radians and 30 frames a second; a linear curve rising 0.3 m a
+    // second has the tangent (1, 30) in seconds and centimetres.
+    const std::string path = scratchFile("units.ma");
+    write(path, "requires maya \"2022\";\n"
+                "currentUnit -l meter -a radian -t ntsc;\n"
+                "createNode animCurveTL -n \"slide\";\n"
+                "\tsetAttr \".tan\" 1;\n"
+                "\tsetAttr \".wgt\" no;\n"
+                "\tsetAttr -s 2 \".ktv[0:1]\"  15 0.05 45 0.35;\n"
+                "\tsetAttr -s 2 \".kix[0:1]\"  1 1;\n"
+                "\tsetAttr -s 2 \".kiy[0:1]\"  30 30;\n"
+                "\tsetAttr -s 2 \".kox[0:1]\"  1 1;\n"
+                "\tsetAttr -s 2 \".koy[0:1]\"  30 30;\n"
+                "createNode animCurveTA -n \"turn\";\n"
+                "\tsetAttr \".ktv[0]\"  15 1.5707963267948966;\n");
+    ASSERT_TRUE(open(path));
+    MFnAnimCurve slide = curve("slide");
+    EXPECT_EQ(slide.time(0).as(MTime::kSeconds), 0.5);
+    EXPECT_NEAR(slide.value(0), 5.0, 1e-12); // centimetres inside
+    EXPECT_NEAR(slide.value(1), 35.0, 1e-12);
+    double value = 0.0;
+    ASSERT_TRUE(slide.evaluate(MTime(1.0, MTime::kSeconds), value));
+    EXPECT_NEAR(value, 20.0, 1e-12); // halfway along the straight span
+    EXPECT_NEAR(curve("turn").value(0), kPi / 2, 1e-15);
+    EXPECT_TRUE(curve("turn").isWeighted());
+    EXPECT_NEAR(melNumber("getAttr slide.ktv[1].kv"), 0.35, 1e-15); // read back in metres
+
+    ASSERT_TRUE(saveAs(path));
+    EXPECT_THAT(contents(path), HasSubstr("\tsetAttr -s 2 \".ktv[0:1]\"  15 0.05 45 0.35;\n"));
+    EXPECT_THAT(contents(path), HasSubstr("\tsetAttr -s 2 \".koy[0:1]\"  30 30;\n"));
+}
