@@ -12,8 +12,6 @@ using ::testing::Not;
 
 namespace {
 
-using CurveFiles = AnimFileTest;
-
 const std::vector<std::string> kAnimatedPlugs = {"box.tx", "box.ty", "box.ry", "box.rz", "box.sx", "follower.tz"};
 const std::vector<std::string> kCurves = {"box_translateX", "box_translateY", "box_rotateY",
                                           "box_rotateZ",    "box_scaleX",     "follower_translateZ"};
@@ -55,6 +53,25 @@ void expectSame(const std::vector<double>& actual, const std::vector<double>& ex
     for (std::size_t i = 0; i < actual.size(); ++i)
         EXPECT_NEAR(actual[i], expected[i], 1e-12 * std::max(1.0, std::fabs(expected[i]))) << "item " << i;
 }
+
+class CurveFiles : public AnimFileTest
+{
+protected:
+    // Saves the scene, opens the file again and expects the plugs and the
+    // curves' key attributes to read as they did.
+    void expectSameAfterSaveAndOpen(const std::vector<std::string>& plugs, const std::vector<std::string>& curves,
+                                    const std::string& fileName)
+    {
+        const std::vector<double> values = sampled(plugs);
+        const std::vector<double> attributes = keyAttributes(curves);
+        const std::string path = scratchFile(fileName);
+        ASSERT_TRUE(saveAs(path));
+        ASSERT_TRUE(open(path));
+        EXPECT_THAT(errors(), IsEmpty());
+        expectSame(sampled(plugs), values);
+        expectSame(keyAttributes(curves), attributes);
+    }
+};
 
 } // namespace
 
@@ -134,14 +151,7 @@ TEST_F(CurveFiles, KeysTangentsAndSettingsLoadIntoTheCurves)
 TEST_F(CurveFiles, SavedCurvesLoadBackEvaluatingAndReadingTheSame)
 {
     ASSERT_TRUE(open(dataFile("anim_curves.ma")));
-    const std::vector<double> values = sampled(kAnimatedPlugs);
-    const std::vector<double> attributes = keyAttributes(kCurves);
-    const std::string path = scratchFile("curves.ma");
-    ASSERT_TRUE(saveAs(path));
-    ASSERT_TRUE(open(path));
-    EXPECT_THAT(errors(), IsEmpty());
-    expectSame(sampled(kAnimatedPlugs), values);
-    expectSame(keyAttributes(kCurves), attributes);
+    expectSameAfterSaveAndOpen(kAnimatedPlugs, kCurves, "curves.ma");
     // Fixed tangents keep their exact numbers.
     EXPECT_EQ(melNumber("getAttr box_rotateZ.kox[0]"), 0.5370292721463151);
     EXPECT_EQ(melNumber("getAttr box_rotateZ.koy[0]"), 0.8435636080687686);
@@ -168,17 +178,7 @@ TEST_F(CurveFiles, EditedCurvesLoadBackTheSame)
     ASSERT_TRUE(rotateY.setPostInfinityType(MFnAnimCurve::kOscillate));
     // A clamped side given numbers of its own, until something recomputes it.
     ASSERT_TRUE(mel("setAttr box_translateX.kiy[1] 0.3"));
-    const std::vector<std::string> plugs = {"box.tx", "box.ry"};
-    const std::vector<std::string> curves = {"box_translateX", "box_rotateY"};
-    const std::vector<double> values = sampled(plugs);
-    const std::vector<double> attributes = keyAttributes(curves);
-
-    const std::string path = scratchFile("edited.ma");
-    ASSERT_TRUE(saveAs(path));
-    ASSERT_TRUE(open(path));
-    EXPECT_THAT(errors(), IsEmpty());
-    expectSame(sampled(plugs), values);
-    expectSame(keyAttributes(curves), attributes);
+    expectSameAfterSaveAndOpen({"box.tx", "box.ry"}, {"box_translateX", "box_rotateY"}, "edited.ma");
     EXPECT_TRUE(curve("box_translateX").isWeighted());
     EXPECT_FALSE(curve("box_rotateY").isWeighted());
 }
