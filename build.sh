@@ -34,7 +34,7 @@ case "${1:-}" in
 demo)
     install_missing
     configure_and_build build/release -DCMAKE_BUILD_TYPE=Release -DORVANE_BUILD_TESTS=OFF
-    exec build/release/mayasim/mayasim-batch -file demo/demo.ma -script demo/demo.mel
+    exec build/release/mayasim/mayasim-batch -plugin build/release/orvane.so -file demo/demo.ma -script demo/demo.mel
     ;;
 test)
     install_missing

@@ -115,12 +115,16 @@ MelValue editTangents(const ParsedArgs& args, const std::string& command)
     const auto number = [&args](const char* flag) {
         return args.has(flag) ? std::optional<double>(args.args(flag).at(0).number()) : std::nullopt;
     };
-    const std::optional<MFnAnimCurve::TangentType> in =
-        args.has("inTangentType") ? std::optional(tangentNamed(args.args("inTangentType").at(0).text)) : std::nullopt;
-    const std::optional<MFnAnimCurve::TangentType> out =
-        args.has("outTangentType") ? std::optional(tangentNamed(args.args("outTangentType").at(0).text)) : std::nullopt;
-    const std::optional<bool> lock =
-        args.has("lock") ? std::optional(args.args("lock").at(0).boolean()) : std::nullopt;
+    // Plain flags and values rather than optionals: GCC's release build
+    // misreads optionals read inside the loop as maybe uninitialized.
+    const bool setIn = args.has("inTangentType");
+    const bool setOut = args.has("outTangentType");
+    const bool setLock = args.has("lock");
+    const MFnAnimCurve::TangentType in =
+        setIn ? tangentNamed(args.args("inTangentType").at(0).text) : MFnAnimCurve::kTangentGlobal;
+    const MFnAnimCurve::TangentType out =
+        setOut ? tangentNamed(args.args("outTangentType").at(0).text) : MFnAnimCurve::kTangentGlobal;
+    const bool lock = setLock && args.args("lock").at(0).boolean();
     KeyEdits edits;
     long edited = 0;
     for (const CurveKeys& keys : keysActedOn(args, command))
@@ -130,12 +134,12 @@ MelValue editTangents(const ParsedArgs& args, const std::string& command)
         MFnAnimCurve fn(objectFor(keys.curve));
         for (unsigned int index : keys.indices)
         {
-            if (in)
-                require(fn.setInTangentType(index, *in, edits.curves()), keys.curve);
-            if (out)
-                require(fn.setOutTangentType(index, *out, edits.curves()), keys.curve);
-            if (lock)
-                require(fn.setTangentsLocked(index, *lock, edits.curves()), keys.curve);
+            if (setIn)
+                require(fn.setInTangentType(index, in, edits.curves()), keys.curve);
+            if (setOut)
+                require(fn.setOutTangentType(index, out, edits.curves()), keys.curve);
+            if (setLock)
+                require(fn.setTangentsLocked(index, lock, edits.curves()), keys.curve);
             for (const auto& [angleFlag, weightFlag, side] :
                  {std::make_tuple("inAngle", "inWeight", true), std::make_tuple("outAngle", "outWeight", false)})
             {

@@ -1,0 +1,115 @@
+// The blend step runs at every mouse move of the slider: Tween Machine over
+// many keys, beside the bare MFnAnimCurve::setValue loop it is built on; and
+// the press (collection) over many animated channels.
+#include "KeyBlending/Data.h"
+
+#include <maya/MAnimCurveChange.h>
+#include <maya/MFileIO.h>
+#include <maya/MFnAnimCurve.h>
+#include <maya/MFnDependencyNode.h>
+#include <maya/MGlobal.h>
+#include <maya/MSelectionList.h>
+#include <mayasim/Host.h>
+
+#include <benchmark/benchmark.h>
+
+#include <cmath>
+#include <string>
+#include <vector>
+
+namespace {
+
+const char* const channels[] = {"tx", "ty", "tz", "rx", "ry", "rz", "sx", "sy", "sz", "v"};
+
+// A scene of `objects` transforms with `channelsPerObject` keyed channels of
+// `keysPerCurve` keys each, all selected, the whole range highlighted.
+std::vector<MObject> buildScene(int objects, int channelsPerObject, int keysPerCurve)
+{
+    MFileIO::newFile(true);
+    std::vector<MObject> curves;
+    MSelectionList selection;
+    for (int o = 0; o < objects; ++o) {
+        const std::string name = "obj" + std::to_string(o);
+        MGlobal::executeCommand(("createNode transform -n " + name).c_str());
+        selection.add(name.c_str());
+        MObject node;
+        selection.getDependNode(selection.length() - 1, node);
+        for (int c = 0; c < channelsPerObject; ++c) {
+            MPlug plug = MFnDependencyNode(node).findPlug(channels[c], false);
+            MFnAnimCurve curve;
+            MObject curveNode = curve.create(plug);
+            for (int k = 0; k < keysPerCurve; ++k)
+                curve.addKey(MTime(k + 1.0, MTime::uiUnit()), std::sin(k * 0.1) * (c + 1));
+            curves.push_back(curveNode);
+        }
+    }
+    MGlobal::setActiveSelectionList(selection);
+    mayasim::host::setTimeSliderHighlight(1, keysPerCurve);
+    return curves;
+}
+
+void shapeArgs(benchmark::internal::Benchmark* bench)
+{
+    // Total keys 1k, 10k, 100k: as many short curves of a rig (100 keys each)
+    // and as few long ones (10 curves).
+    for (int total : {1000, 10000, 100000}) {
+        bench->Args({total / 100, 100});
+        bench->Args({10, total / 10});
+    }
+}
+
+void TweenMachineStep(benchmark::State& state)
+{
+    const int curves = static_cast<int>(state.range(0));
+    const int keys = static_cast<int>(state.range(1));
+    buildScene(curves, 1, keys);
+    KeyBlending::Data data;
+    MSelectionList selection;
+    MGlobal::getActiveSelectionList(selection);
+    data.setBlendType(0);
+    data.collect(selection);
+    double x = -1.0;
+    for (auto _ : state) {
+        data.blend(x);
+        x = x > 1.0 ? -1.0 : x + 0.01;
+    }
+    state.SetItemsProcessed(state.iterations() * curves * keys);
+}
+BENCHMARK(TweenMachineStep)->Apply(shapeArgs)->Unit(benchmark::kMicrosecond);
+
+void BareSetValueLoop(benchmark::State& state)
+{
+    const int curveCount = static_cast<int>(state.range(0));
+    const int keys = static_cast<int>(state.range(1));
+    const std::vector<MObject> curves = buildScene(curveCount, 1, keys);
+    MAnimCurveChange change;
+    double x = -1.0;
+    for (auto _ : state) {
+        for (const MObject& curve : curves) {
+            MFnAnimCurve fn(curve);
+            for (int k = 0; k < keys; ++k)
+                fn.setValue(static_cast<unsigned int>(k), x, &change);
+        }
+        x = x > 1.0 ? -1.0 : x + 0.01;
+    }
+    state.SetItemsProcessed(state.iterations() * curveCount * keys);
+}
+BENCHMARK(BareSetValueLoop)->Apply(shapeArgs)->Unit(benchmark::kMicrosecond);
+
+// The press: one collection over N animated channels (10 per object).
+void CollectAtPress(benchmark::State& state)
+{
+    const int channelCount = static_cast<int>(state.range(0));
+    buildScene(channelCount / 10, 10, 10);
+    MSelectionList selection;
+    MGlobal::getActiveSelectionList(selection);
+    for (auto _ : state) {
+        KeyBlending::Data data;
+        data.collect(selection);
+        benchmark::DoNotOptimize(data.nodes().size());
+    }
+    state.SetItemsProcessed(state.iterations() * channelCount);
+}
+BENCHMARK(CollectAtPress)->Arg(100)->Arg(1000)->Unit(benchmark::kMillisecond);
+
+} // namespace
