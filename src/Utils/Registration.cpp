@@ -1,3 +1,5 @@
+// The entry points and version symbols belong to PluginMain alone.
+#define MNoPluginEntry
 #define MNoVersionString
 #include "Utils/Registration.h"
 

@@ -103,9 +103,13 @@ TEST_F(PluginLoad, TaskQueuedByATaskWaitsForTheNextTick)
 
 TEST_F(PluginLoad, UnloadingWithATaskQueuedMeansItNeverRuns)
 {
+    ASSERT_TRUE(MGlobal::executeCommand("unloadPlugin orvane"));
+    const size_t callbacksWithoutPlugin = mayasim::host::callbackCount();
+    ASSERT_TRUE(mayasim::host::loadLinkedPlugin("orvane", initializePlugin, uninitializePlugin));
     bool ran = false;
     deferTask([&ran] { ran = true; });
     ASSERT_TRUE(MGlobal::executeCommand("unloadPlugin orvane"));
+    EXPECT_EQ(mayasim::host::callbackCount(), callbacksWithoutPlugin);
     mayasim::host::pumpIdle();
     EXPECT_FALSE(ran);
     ASSERT_TRUE(mayasim::host::loadLinkedPlugin("orvane", initializePlugin, uninitializePlugin));

@@ -1,6 +1,7 @@
 #pragma once
 // The host side of mayasim: what Maya's UI and main loop would do, for tests,
 // mayasim-batch and the GUI host. Maya-API code never calls these.
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -62,6 +63,9 @@ void pumpIdle();
 void advanceClock(double seconds);
 // Sets a named condition (e.g. "playblasting") and fires its callbacks.
 void setCondition(const std::string& name, bool state);
+// How many callbacks are registered, on every message: a plug-in that
+// unloads cleanly leaves the count where it found it.
+size_t callbackCount();
 // Raises an event only Maya's UI raises ("DragRelease" at the end of a
 // manipulator drag, "modelEditorChanged" when a view's options change).
 void raiseEvent(const std::string& name);

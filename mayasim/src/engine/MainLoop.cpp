@@ -54,4 +54,12 @@ void raiseEvent(const std::string& name)
     events::fireEvent(name);
 }
 
+size_t callbackCount()
+{
+    size_t count = 0;
+    for (int channel = 0; channel <= static_cast<int>(callbacks::Channel::AnimKeyframeEdited); ++channel)
+        count += callbacks::registered(static_cast<callbacks::Channel>(channel)).size();
+    return count;
+}
+
 } // namespace mayasim::host
