@@ -1,5 +1,7 @@
 #pragma once
 #include "CollectAnimation/DataBase.h"
+#include "KeyBlending/ValueOffset.h"
+#include "KeyBlending/ValueOffsetStagger.h"
 
 #include <maya/MAnimCurveChange.h>
 #include <maya/MTime.h>
@@ -41,6 +43,11 @@ private:
     MTime fStartTime;
     MTime fEndTime;
     MAnimCurveChange fChange;
+    ValueOffset fValueOffset;
+    ValueOffsetStagger fValueOffsetStagger;
+    // Connect To Neighbors: whether the first movement of the drag has
+    // chosen the side that lone keys widen to.
+    bool fConnectSideChosen = false;
 };
 
 // The Data of the slider drag in progress, or null.

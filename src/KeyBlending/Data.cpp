@@ -1,5 +1,8 @@
 #include "KeyBlending/Data.h"
 
+#include "KeyBlending/KeyWalk.h"
+#include "KeyBlending/NeighborBlends.h"
+
 #include "Utils/Arithmetic.h"
 #include "Utils/Report.h"
 
@@ -87,6 +90,22 @@ void Data::collect(const MSelectionList& selection)
     // Simplify Bake Keys (16) does a collection of its own.
     if (fBlendType != 16)
         DataBase::collect(selection);
+    switch (fBlendType) {
+    case 2:
+        prepareFrame(nodes(), fStartTime, fEndTime);
+        break;
+    case 8:
+        preparePullPush(nodes());
+        break;
+    case 22:
+        fValueOffset.prepare(*this);
+        break;
+    case 23:
+        fValueOffsetStagger.prepare(*this);
+        break;
+    default:
+        break;
+    }
 }
 
 void Data::blend(double x)
@@ -95,26 +114,48 @@ void Data::blend(double x)
     case 0:
         tweenMachine(x);
         break;
+    case 1:
+    case 2:
+        neighbors(nodes(), x, &fChange);
+        break;
+    case 8:
+        pullPush(nodes(), x, &fChange);
+        break;
+    case 10:
+        ease(nodes(), x, &fChange);
+        break;
+    case 20:
+        connectToNeighbors(nodes(), x, &fChange, fConnectSideChosen);
+        break;
+    case 22:
+        fValueOffset.blend(x, &fChange);
+        break;
+    case 23:
+        fValueOffsetStagger.blend(x, &fChange);
+        break;
+    case 24:
+        blendToEase(nodes(), x, &fChange);
+        break;
     default:
         break;
     }
 }
 
-void Data::finish() {}
+// The offset blends' duplicates go, whatever the type, so none outlives a
+// command or a drag.
+void Data::finish()
+{
+    fValueOffset.release();
+    fValueOffsetStagger.release();
+}
 
 // Every key of a run goes to the same point between the run's neighbours.
 void Data::tweenMachine(double x)
 {
     const double t = remap(x, -1.0, 1.0, 0.0, 1.0);
-    for (CollectAnimation::NodeKeys& node : nodes()) {
-        for (CollectAnimation::PlugKeys& plug : node.plugs) {
-            for (CollectAnimation::CurveKeys& curve : plug.curves) {
-                MFnAnimCurve fn(curve.curve);
-                for (const CollectAnimation::KeyInfo& key : curve.keys)
-                    fn.setValue(key.index, lerp(key.leftValue, key.rightValue, t), &fChange);
-            }
-        }
-    }
+    setEachKey(nodes(), &fChange, [t](MFnAnimCurve&, const CollectAnimation::KeyInfo& key) -> std::optional<double> {
+        return lerp(key.leftValue, key.rightValue, t);
+    });
 }
 
 } // namespace KeyBlending

@@ -1,0 +1,273 @@
+// Neighbors, Frame, Ease, Blend To Ease, Connect To Neighbors and Pull Push
+// end to end: each blend at the ends of the slider, at rest and beyond.
+#include "PluginTest.h"
+
+#include "KeyBlending/Data.h"
+
+#include <maya/MAnimMessage.h>
+#include <maya/MFnAnimCurve.h>
+#include <maya/MGlobal.h>
+#include <maya/MObjectArray.h>
+#include <maya/MSelectionList.h>
+#include <mayasim/Host.h>
+
+#include <gmock/gmock.h>
+
+#include <cmath>
+
+using ::testing::DoubleNear;
+using ::testing::ElementsAre;
+
+namespace {
+
+enum BlendType { Neighbors = 1, Frame = 2, PullPush = 8, Ease = 10, ConnectToNeighbors = 20, BlendToEase = 24 };
+
+class NeighborBlends : public PluginTest
+{
+protected:
+    void SetUp() override
+    {
+        PluginTest::SetUp();
+        ASSERT_TRUE(mel("createNode transform -n obj"));
+        // Frames 1..8; key 2 (frame 3) lies off the line of its neighbours.
+        keyPlug("obj.tx", {{1, 0}, {2, 10}, {3, 25}, {4, 30}, {5, 40}, {6, 50}, {7, 60}, {8, 80}});
+        mayasim::host::clearOutput();
+    }
+
+    static void pickKeys(const std::vector<unsigned int>& indices)
+    {
+        ASSERT_TRUE(mayasim::host::selectKeys("obj_translateX", indices));
+        ASSERT_TRUE(mel("select -add obj"));
+    }
+
+    // The keys after one command; then undo, which must give back the scene
+    // as it was, and redo, which must give the blend again.
+    static std::vector<double> blended(int type, double x, const std::string& flags = "")
+    {
+        const std::string before = sceneText();
+        const std::string command = "OVKeyBlending -bt " + std::to_string(type) + " -bv " + std::to_string(x) + " "
+                                    + flags;
+        EXPECT_TRUE(mel(command)) << command;
+        const std::vector<double> values = keyValues("obj_translateX");
+        const std::string after = sceneText();
+        EXPECT_TRUE(mel("undo"));
+        EXPECT_EQ(sceneText(), before) << command;
+        EXPECT_TRUE(mel("redo"));
+        EXPECT_EQ(sceneText(), after) << command;
+        EXPECT_TRUE(mel("undo"));
+        return values;
+    }
+
+    // Curves edited by one command, as Maya's curve-edited message tells.
+    static unsigned int curvesEditedBy(const std::string& command)
+    {
+        unsigned int edited = 0;
+        const MCallbackId id = MAnimMessage::addAnimCurveEditedCallback(
+            [](MObjectArray& curves, void* count) { *static_cast<unsigned int*>(count) += curves.length(); },
+            &edited);
+        EXPECT_TRUE(mel(command));
+        MMessage::removeCallback(id);
+        return edited;
+    }
+
+    static MFnAnimCurve curveFn()
+    {
+        MSelectionList list;
+        list.add("obj_translateX");
+        MObject curve;
+        list.getDependNode(0, curve);
+        return MFnAnimCurve(curve);
+    }
+};
+
+TEST_F(NeighborBlends, NeighborsKeepTheKeyAtRestAndOvershootInALine)
+{
+    pickKeys({3});
+    EXPECT_EQ(blended(Neighbors, -1)[3], 25);
+    EXPECT_EQ(blended(Neighbors, -0.5)[3], 27.5);
+    EXPECT_EQ(blended(Neighbors, 0)[3], 30);
+    EXPECT_EQ(blended(Neighbors, 1)[3], 40);
+    EXPECT_EQ(blended(Neighbors, 2)[3], 50);
+}
+
+TEST_F(NeighborBlends, FrameTakesItsNeighboursFromTheFrameTimes)
+{
+    pickKeys({3});
+    EXPECT_EQ(blended(Frame, -1, "-ft 2 6")[3], 10);
+    EXPECT_EQ(blended(Frame, 0.5, "-ft 2 6")[3], 40);
+    EXPECT_EQ(blended(Frame, 1, "-ft 2 6")[3], 50);
+    EXPECT_EQ(blended(Frame, 0, "-ft 2 6")[3], 30);
+    // Beyond the last key the curve holds its value (constant infinity).
+    EXPECT_EQ(blended(Frame, 2, "-ft 2 20")[3], 130);
+}
+
+TEST_F(NeighborBlends, FrameWithoutTimesUsesThePlaybackRangeAtConstruction)
+{
+    pickKeys({3});
+    // The playback range 1..120: the first key and the held last value.
+    EXPECT_EQ(blended(Frame, -1)[3], 0);
+    EXPECT_EQ(blended(Frame, 1)[3], 80);
+    ASSERT_TRUE(mel("playbackOptions -min 3 -max 7"));
+    EXPECT_EQ(blended(Frame, -1)[3], 25);
+    EXPECT_EQ(blended(Frame, 1)[3], 60);
+    // Frame times given to another type change nothing.
+    EXPECT_EQ(blended(Neighbors, 1, "-ft 2 6")[3], 40);
+}
+
+TEST_F(NeighborBlends, EaseLaysTheRunOnAnEasedCurveBetweenItsNeighbours)
+{
+    // Frames 3..5 between frame 2 (10) and frame 6 (50): u = 1/4, 1/2, 3/4.
+    pickKeys({2, 3, 4});
+    const auto easeOut = [](double u, double p) { return 40 * (1 - std::pow(1 - u, p)) + 10; };
+    const auto easeIn = [](double u, double p) { return 40 * std::pow(u, p) + 10; };
+    EXPECT_THAT(blended(Ease, 1), ElementsAre(0, 10, DoubleNear(easeOut(0.25, 10), 1e-9),
+                                              DoubleNear(easeOut(0.5, 10), 1e-9),
+                                              DoubleNear(easeOut(0.75, 10), 1e-9), 50, 60, 80));
+    EXPECT_THAT(blended(Ease, -1), ElementsAre(0, 10, DoubleNear(easeIn(0.25, 10), 1e-9),
+                                               DoubleNear(easeIn(0.5, 10), 1e-9),
+                                               DoubleNear(easeIn(0.75, 10), 1e-9), 50, 60, 80));
+    EXPECT_THAT(blended(Ease, 2)[3], DoubleNear(easeOut(0.5, 19), 1e-9));
+    EXPECT_THAT(blended(Ease, 0), ElementsAre(0, 10, 25, 30, 40, 50, 60, 80));
+}
+
+TEST_F(NeighborBlends, EaseJumpsOntoTheNeighbourLineAtOneThousandth)
+{
+    pickKeys({2, 3, 4});
+    EXPECT_THAT(blended(Ease, 0.0009), ElementsAre(0, 10, 25, 30, 40, 50, 60, 80));
+    EXPECT_THAT(blended(Ease, -0.0009), ElementsAre(0, 10, 25, 30, 40, 50, 60, 80));
+    // At 0.001 the exponent is just above 1: nearly the straight line.
+    const std::vector<double> values = blended(Ease, 0.001);
+    EXPECT_THAT(values[2], DoubleNear(20, 0.2));
+    EXPECT_THAT(values[3], DoubleNear(30, 0.2));
+    EXPECT_THAT(values[4], DoubleNear(40, 0.2));
+    EXPECT_NE(values[2], 25);
+}
+
+TEST_F(NeighborBlends, BlendToEaseBendsTowardTheNeighbourItApproaches)
+{
+    pickKeys({2, 3, 4});
+    const auto towardRight = [](double u, double v, double p) { return std::pow(1 - u, p) * (v - 50) + 50; };
+    const auto towardLeft = [](double u, double v, double p) { return std::pow(u, p) * (v - 10) + 10; };
+    EXPECT_THAT(blended(BlendToEase, 1), ElementsAre(0, 10, DoubleNear(towardRight(0.25, 25, 10), 1e-9),
+                                                     DoubleNear(towardRight(0.5, 30, 10), 1e-9),
+                                                     DoubleNear(towardRight(0.75, 40, 10), 1e-9), 50, 60, 80));
+    EXPECT_THAT(blended(BlendToEase, -1)[2], DoubleNear(towardLeft(0.25, 25, 10), 1e-9));
+    EXPECT_THAT(blended(BlendToEase, -2)[3], DoubleNear(towardLeft(0.5, 30, 20), 1e-12));
+    EXPECT_THAT(blended(BlendToEase, 0), ElementsAre(0, 10, 25, 30, 40, 50, 60, 80));
+}
+
+TEST_F(NeighborBlends, BlendToEaseScalesFixedTangentWeightsOnly)
+{
+    ASSERT_TRUE(mel("keyTangent -e -t 4 -itt fixed -ott fixed obj_translateX"));
+    ASSERT_TRUE(curveFn().setIsWeighted(true));
+    MAngle inAngle, outAngle;
+    double inWeight = 0, outWeight = 0;
+    ASSERT_TRUE(curveFn().getTangent(3, inAngle, inWeight, true));
+    ASSERT_TRUE(curveFn().getTangent(3, outAngle, outWeight, false));
+    pickKeys({3});
+    ASSERT_TRUE(mel("OVKeyBlending -bt 24 -bv 0.5"));
+
+    // p = 5, u = 1/2: r = 1/32 of the way left to the right neighbour (40).
+    const double r = std::pow(0.5, 5);
+    EXPECT_DOUBLE_EQ(keyValues("obj_translateX")[3], r * (30 - 40) + 40);
+    const double scale = r * 6;
+    MAngle angle;
+    double weight = 0;
+    ASSERT_TRUE(curveFn().getTangent(3, angle, weight, true));
+    EXPECT_NEAR(weight, inWeight * scale, 1e-9);
+    EXPECT_NEAR(angle.asRadians(), inAngle.asRadians(), 1e-12);
+    ASSERT_TRUE(curveFn().getTangent(3, angle, weight, false));
+    EXPECT_NEAR(weight, outWeight * scale, 1e-9);
+    EXPECT_NEAR(angle.asRadians(), outAngle.asRadians(), 1e-12);
+}
+
+TEST_F(NeighborBlends, BlendToEaseOnASingleKeyCurveWritesNothing)
+{
+    keyPlug("obj.ty", {{4, 5}});
+    ASSERT_TRUE(mayasim::host::selectKeys("obj_translateY", {0}));
+    ASSERT_TRUE(mel("select -add obj"));
+    EXPECT_EQ(curvesEditedBy("OVKeyBlending -bt 24 -bv 1"), 0u);
+    EXPECT_EQ(curvesEditedBy("OVKeyBlending -bt 24 -bv -1"), 0u);
+    // The same selection with a blend that writes is seen.
+    EXPECT_EQ(curvesEditedBy("OVKeyBlending -bt 1 -bv 1"), 1u);
+}
+
+TEST_F(NeighborBlends, ConnectToNeighborsMovesARunAsABlock)
+{
+    // Keys 2, 3 (25, 30) between 10 and 40.
+    pickKeys({2, 3});
+    EXPECT_THAT(blended(ConnectToNeighbors, 1), ElementsAre(0, 10, 35, 40, 40, 50, 60, 80));
+    EXPECT_THAT(blended(ConnectToNeighbors, -1), ElementsAre(0, 10, 10, 15, 40, 50, 60, 80));
+    EXPECT_THAT(blended(ConnectToNeighbors, 2), ElementsAre(0, 10, 45, 50, 40, 50, 60, 80));
+    EXPECT_THAT(blended(ConnectToNeighbors, 0), ElementsAre(0, 10, 25, 30, 40, 50, 60, 80));
+}
+
+TEST_F(NeighborBlends, ConnectToNeighborsCarriesALoneKeysFarSide)
+{
+    pickKeys({3});
+    // Toward the left neighbour all later keys come along, the left one (25) holding.
+    EXPECT_THAT(blended(ConnectToNeighbors, -0.5), ElementsAre(0, 10, 25, 27.5, 37.5, 47.5, 57.5, 77.5));
+    // Toward the right one all earlier keys, up to the right neighbour (40).
+    EXPECT_THAT(blended(ConnectToNeighbors, 0.5), ElementsAre(5, 15, 30, 35, 40, 50, 60, 80));
+}
+
+TEST_F(NeighborBlends, ConnectToNeighborsKeepsTheSideOfTheFirstMovement)
+{
+    pickKeys({3});
+    const std::string before = sceneText();
+    ASSERT_TRUE(MGlobal::executeCommand("OVKeyBlending -internal", false, true));
+    KeyBlending::Data* data = KeyBlending::activeData;
+    ASSERT_NE(data, nullptr);
+    MSelectionList selection;
+    MGlobal::getActiveSelectionList(selection);
+    data->setBlendType(ConnectToNeighbors);
+    data->collect(selection);
+    data->blend(0);
+    data->blend(0.5);
+    EXPECT_THAT(keyValues("obj_translateX"), ElementsAre(5, 15, 30, 35, 40, 50, 60, 80));
+    // Moved left now, the block of the earlier keys reverses over the same
+    // keys (their left neighbour is key 0 itself): the later keys stay put.
+    data->blend(-1);
+    EXPECT_THAT(keyValues("obj_translateX"), ElementsAre(0, 10, 25, 30, 40, 50, 60, 80));
+    data->blend(1);
+    EXPECT_THAT(keyValues("obj_translateX"), ElementsAre(10, 20, 35, 40, 40, 50, 60, 80));
+    data->finish();
+    KeyBlending::activeData = nullptr;
+
+    ASSERT_TRUE(mel("undo"));
+    EXPECT_EQ(sceneText(), before);
+}
+
+TEST_F(NeighborBlends, PullPushMovesKeysOffTheNeighbourLine)
+{
+    // Key 2 (25) against the line through 10 and 30: 20.
+    pickKeys({2});
+    EXPECT_EQ(blended(PullPush, -1)[2], 20);
+    EXPECT_EQ(blended(PullPush, -0.5)[2], 22.5);
+    EXPECT_EQ(blended(PullPush, 0)[2], 25);
+    // Away from the line at half the pace.
+    EXPECT_EQ(blended(PullPush, 1)[2], 27.5);
+    EXPECT_EQ(blended(PullPush, -2)[2], 15);
+}
+
+TEST_F(NeighborBlends, PullPushExtendsARunAtTheEndOfTheCurve)
+{
+    // Keys 6, 7 (60, 80) after key 5 (50): the run is read as if a key
+    // followed at frame 9, so the line runs from frame 6 to frame 9.
+    pickKeys({6, 7});
+    // Key 6 lies on that line and stays; key 7 goes to 70 on it.
+    EXPECT_THAT(blended(PullPush, -1), ElementsAre(0, 10, 25, 30, 40, 50, DoubleNear(60, 1e-9), 70));
+    EXPECT_THAT(blended(PullPush, 1), ElementsAre(0, 10, 25, 30, 40, 50, DoubleNear(60, 1e-9), 85));
+}
+
+TEST_F(NeighborBlends, PullPushOnCollinearKeysWritesNothing)
+{
+    keyPlug("obj.ty", {{1, 0}, {2, 5}, {3, 10}});
+    ASSERT_TRUE(mayasim::host::selectKeys("obj_translateY", {1}));
+    ASSERT_TRUE(mel("select -add obj"));
+    EXPECT_EQ(curvesEditedBy("OVKeyBlending -bt 8 -bv -1"), 0u);
+    EXPECT_EQ(curvesEditedBy("OVKeyBlending -bt 8 -bv 1"), 0u);
+    EXPECT_THAT(keyValues("obj_translateY"), ElementsAre(0, 5, 10));
+}
+
+} // namespace
