@@ -90,6 +90,20 @@ TEST_F(NeighborBlends, NeighborsKeepTheKeyAtRestAndOvershootInALine)
     EXPECT_EQ(blended(Neighbors, 2)[3], 50);
 }
 
+TEST_F(NeighborBlends, NeighborsOnSeveralObjectsAndRuns)
+{
+    ASSERT_TRUE(mel("createNode transform -n other"));
+    keyPlug("other.tx", {{1, 100}, {5, 200}});
+    ASSERT_TRUE(mayasim::host::selectKeys("obj_translateX", {1, 2, 6}));
+    ASSERT_TRUE(mayasim::host::selectKeys("other_translateX", {0}));
+    ASSERT_TRUE(mel("select -add obj other"));
+    ASSERT_TRUE(mel("OVKeyBlending -bt 1 -bv 0.5"));
+    // Keys 1, 2 go halfway to key 3 (30); key 6 halfway to key 7 (80); the
+    // first key of the other curve halfway to its second.
+    EXPECT_THAT(keyValues("obj_translateX"), ElementsAre(0, 20, 27.5, 30, 40, 50, 70, 80));
+    EXPECT_THAT(keyValues("other_translateX"), ElementsAre(150, 200));
+}
+
 TEST_F(NeighborBlends, FrameTakesItsNeighboursFromTheFrameTimes)
 {
     pickKeys({3});
@@ -141,6 +155,13 @@ TEST_F(NeighborBlends, EaseJumpsOntoTheNeighbourLineAtOneThousandth)
     EXPECT_THAT(values[3], DoubleNear(30, 0.2));
     EXPECT_THAT(values[4], DoubleNear(40, 0.2));
     EXPECT_NE(values[2], 25);
+}
+
+TEST_F(NeighborBlends, EaseAtTheFirstKeyKeepsItsOwnValueAsLeftNeighbour)
+{
+    // Keys 0, 1 between key 0 itself (0) and key 2 (25, frame 3): u = 0, 1/2.
+    pickKeys({0, 1});
+    EXPECT_THAT(blended(Ease, -1), ElementsAre(0, DoubleNear(25 * std::pow(0.5, 10), 1e-12), 25, 30, 40, 50, 60, 80));
 }
 
 TEST_F(NeighborBlends, BlendToEaseBendsTowardTheNeighbourItApproaches)

@@ -5,6 +5,7 @@
 
 #include "KeyBlending/Data.h"
 
+#include <maya/MFnAnimCurve.h>
 #include <maya/MGlobal.h>
 #include <maya/MSelectionList.h>
 #include <maya/MStringArray.h>
@@ -107,6 +108,25 @@ TEST_F(ValueOffset, ZeroLeavesEveryValueAndALoneKeyHolds)
     EXPECT_THAT(keyValues("obj_translateX"), ElementsAreArray(lineShiftedBy(0)));
     // ty's lone key (frame 4, in the highlight) keeps its value at any offset.
     EXPECT_THAT(offset("obj_translateY", 22, 2.5), ElementsAre(5));
+}
+
+TEST_F(ValueOffset, SteppedKeyTakesItsValueButKeepsItsTangents)
+{
+    ASSERT_TRUE(mel("keyTangent -e -t 4 -ott step obj_translateX"));
+    MSelectionList list;
+    list.add("obj_translateX");
+    MObject curve;
+    list.getDependNode(0, curve);
+    const MFnAnimCurve fn(curve);
+    const MFnAnimCurve::TangentType inType = fn.inTangentType(3);
+    const MFnAnimCurve::TangentType nextInType = fn.inTangentType(4);
+
+    ASSERT_TRUE(mel("OVKeyBlending -bt 22 -bv 1"));
+    EXPECT_EQ(keyValues("obj_translateX")[3], 20);
+    EXPECT_EQ(fn.outTangentType(3), MFnAnimCurve::kTangentStep);
+    EXPECT_EQ(fn.inTangentType(3), inType);
+    // A key that isn't stepped gets the copy's tangents, set as fixed ones.
+    EXPECT_NE(fn.inTangentType(4), nextInType);
 }
 
 TEST_F(ValueOffset, CommandLeavesNoCopyAndKeepsTheSelection)
