@@ -3,6 +3,7 @@
 #include <maya/MFnPlugin.h>
 
 #include "KeyBlending/Registration.h"
+#include "Utils/Nodes/SceneId/Registration.h"
 #include "Utils/Report.h"
 #include "Utils/Tasks.h"
 
@@ -25,6 +26,8 @@ PLUGIN_EXPORT MStatus initializePlugin(MObject obj)
     // A failure stops the load where it is: what was registered stays so.
     if (!(status = KeyBlending::registerCommand(plugin)))
         return status;
+    if (!(status = SceneId::registerNode(plugin)))
+        return status;
     return MS::kSuccess;
 }
 
@@ -33,6 +36,8 @@ PLUGIN_EXPORT MStatus uninitializePlugin(MObject obj)
     MStatus status = MS::kSuccess;
     MFnPlugin plugin(obj, "Unknown", "Unknown", RequiredApiVersion);
     cancelAllTasks();
+    if (!(status = SceneId::deregisterNode(plugin)))
+        return status;
     if (!(status = KeyBlending::deregisterCommand(plugin)))
         return status;
     return MS::kSuccess;

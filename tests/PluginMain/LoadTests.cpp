@@ -57,7 +57,7 @@ TEST_F(PluginLoad, FailedDeregistrationKeepsThePluginWithItsTasksCancelled)
     mayasim::host::failRegistrationAt(1);
     EXPECT_FALSE(MGlobal::executeCommand("unloadPlugin orvane"));
     ASSERT_EQ(reports().size(), 1u);
-    EXPECT_THAT(reports()[0], HasSubstr("Message: Failed to deregister OVKeyBlending\n"));
+    EXPECT_THAT(reports()[0], HasSubstr("Message: Failed to deregister OVSceneId\n"));
     EXPECT_THAT(reports()[0], HasSubstr("Function: Deregister\n"));
     mayasim::host::pumpIdle();
     EXPECT_FALSE(ran);
