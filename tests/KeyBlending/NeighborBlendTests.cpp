@@ -2,7 +2,7 @@
 // end to end: each blend at the ends of the slider, at rest and beyond.
 #include "PluginTest.h"
 
-#include "KeyBlending/Data.h"
+#include "SliderDrag.h"
 
 #include <maya/MAnimMessage.h>
 #include <maya/MFnAnimCurve.h>
@@ -236,13 +236,8 @@ TEST_F(NeighborBlends, ConnectToNeighborsKeepsTheSideOfTheFirstMovement)
 {
     pickKeys({3});
     const std::string before = sceneText();
-    ASSERT_TRUE(MGlobal::executeCommand("OVKeyBlending -internal", false, true));
-    KeyBlending::Data* data = KeyBlending::activeData;
+    KeyBlending::Data* data = pressSlider(ConnectToNeighbors);
     ASSERT_NE(data, nullptr);
-    MSelectionList selection;
-    MGlobal::getActiveSelectionList(selection);
-    data->setBlendType(ConnectToNeighbors);
-    data->collect(selection);
     data->blend(0);
     data->blend(0.5);
     EXPECT_THAT(keyValues("obj_translateX"), ElementsAre(5, 15, 30, 35, 40, 50, 60, 80));
@@ -252,8 +247,7 @@ TEST_F(NeighborBlends, ConnectToNeighborsKeepsTheSideOfTheFirstMovement)
     EXPECT_THAT(keyValues("obj_translateX"), ElementsAre(0, 10, 25, 30, 40, 50, 60, 80));
     data->blend(1);
     EXPECT_THAT(keyValues("obj_translateX"), ElementsAre(10, 20, 35, 40, 40, 50, 60, 80));
-    data->finish();
-    KeyBlending::activeData = nullptr;
+    releaseSlider(*data);
 
     ASSERT_TRUE(mel("undo"));
     EXPECT_EQ(sceneText(), before);

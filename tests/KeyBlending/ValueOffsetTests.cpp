@@ -3,7 +3,7 @@
 // cycling duplicate that never outlives the command or the drag.
 #include "PluginTest.h"
 
-#include "KeyBlending/Data.h"
+#include "SliderDrag.h"
 
 #include <maya/MFnAnimCurve.h>
 #include <maya/MGlobal.h>
@@ -146,20 +146,14 @@ TEST_F(ValueOffset, CommandLeavesNoCopyAndKeepsTheSelection)
 TEST_F(ValueOffset, CopiesLiveForTheDragAlone)
 {
     const std::string before = sceneText();
-    ASSERT_TRUE(MGlobal::executeCommand("OVKeyBlending -internal", false, true));
-    KeyBlending::Data* data = KeyBlending::activeData;
+    KeyBlending::Data* data = pressSlider(22);
     ASSERT_NE(data, nullptr);
-    MSelectionList selection;
-    MGlobal::getActiveSelectionList(selection);
-    data->setBlendType(22);
-    data->collect(selection);
     EXPECT_EQ(curveCount(), 4u);
     EXPECT_THAT(selected(), ElementsAre("obj"));
     for (double x : {0.4, 3.0, -2.0, 1.0})
         data->blend(x);
     EXPECT_THAT(keyValues("obj_translateX"), ElementsAreArray(lineShiftedBy(1)));
-    data->finish();
-    KeyBlending::activeData = nullptr;
+    releaseSlider(*data);
     EXPECT_EQ(curveCount(), 2u);
     const std::string after = sceneText();
 
@@ -172,15 +166,9 @@ TEST_F(ValueOffset, CopiesLiveForTheDragAlone)
 TEST_F(ValueOffset, ReleaseWithoutAMoveLeavesTheSceneAsItWas)
 {
     const std::string before = sceneText();
-    ASSERT_TRUE(MGlobal::executeCommand("OVKeyBlending -internal", false, true));
-    KeyBlending::Data* data = KeyBlending::activeData;
+    KeyBlending::Data* data = pressSlider(23);
     ASSERT_NE(data, nullptr);
-    MSelectionList selection;
-    MGlobal::getActiveSelectionList(selection);
-    data->setBlendType(23);
-    data->collect(selection);
-    data->finish();
-    KeyBlending::activeData = nullptr;
+    releaseSlider(*data);
     EXPECT_EQ(sceneText(), before);
     ASSERT_TRUE(mel("undo"));
     EXPECT_EQ(sceneText(), before);
