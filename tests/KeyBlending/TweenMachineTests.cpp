@@ -190,7 +190,7 @@ TEST_F(TweenMachine, BlendTypesAreTruncatedAndCheckedAgainstTheTable)
     EXPECT_TRUE(reports().empty());
     EXPECT_EQ(keyValues("obj_translateX")[3], 20);
 
-    // 24.9 is type 24, valid: no report (its formula belongs to a later tool).
+    // 24.9 is type 24, Blend To Ease: valid, so no report.
     ASSERT_TRUE(mel("OVKeyBlending -bt 24.9 -bv 1"));
     EXPECT_TRUE(reports().empty());
 }
