@@ -1,6 +1,7 @@
-// The blend step runs at every mouse move of the slider: Tween Machine over
-// many keys, beside the bare MFnAnimCurve::setValue loop it is built on; and
-// the press (collection) over many animated channels.
+// The blend step runs at every mouse move of the slider: Tween Machine,
+// Neighbors, Ease and Value Offset over many keys, beside the bare
+// MFnAnimCurve::setValue loop they are built on; and the press (collection)
+// over many animated channels.
 #include "KeyBlending/Data.h"
 
 #include <maya/MAnimCurveChange.h>
@@ -58,7 +59,8 @@ void shapeArgs(benchmark::internal::Benchmark* bench)
     }
 }
 
-void TweenMachineStep(benchmark::State& state)
+// One blend type's step over the scene, from a single press.
+void BlendStep(benchmark::State& state, int blendType)
 {
     const int curves = static_cast<int>(state.range(0));
     const int keys = static_cast<int>(state.range(1));
@@ -66,16 +68,30 @@ void TweenMachineStep(benchmark::State& state)
     KeyBlending::Data data;
     MSelectionList selection;
     MGlobal::getActiveSelectionList(selection);
-    data.setBlendType(0);
+    data.setBlendType(blendType);
     data.collect(selection);
     double x = -1.0;
     for (auto _ : state) {
         data.blend(x);
         x = x > 1.0 ? -1.0 : x + 0.01;
     }
+    data.finish();
     state.SetItemsProcessed(state.iterations() * curves * keys);
 }
+
+void TweenMachineStep(benchmark::State& state) { BlendStep(state, 0); }
 BENCHMARK(TweenMachineStep)->Apply(shapeArgs)->Unit(benchmark::kMicrosecond);
+
+void NeighborsStep(benchmark::State& state) { BlendStep(state, 1); }
+BENCHMARK(NeighborsStep)->Apply(shapeArgs)->Unit(benchmark::kMicrosecond);
+
+void EaseStep(benchmark::State& state) { BlendStep(state, 10); }
+BENCHMARK(EaseStep)->Apply(shapeArgs)->Unit(benchmark::kMicrosecond);
+
+// Each key reads the resting duplicate once (evaluate) and copies its
+// tangents from it.
+void ValueOffsetStep(benchmark::State& state) { BlendStep(state, 22); }
+BENCHMARK(ValueOffsetStep)->Apply(shapeArgs)->Unit(benchmark::kMicrosecond);
 
 void BareSetValueLoop(benchmark::State& state)
 {

@@ -27,7 +27,7 @@ public:
 
     void blend(double x, MAnimCurveChange* change) const;
 
-protected:
+private:
     struct Record
     {
         MObject curve;
@@ -35,7 +35,7 @@ protected:
         std::vector<CollectAnimation::KeyInfo> keys;
     };
 
-    std::vector<Record> records;
+    std::vector<Record> fRecords;
 };
 
 } // namespace KeyBlending

@@ -16,8 +16,8 @@ public:
 
 private:
     // The selected object (index into the collected nodes) of each record.
-    std::vector<uint32_t> groups;
-    uint32_t groupCount = 0;
+    std::vector<uint32_t> fGroups;
+    uint32_t fGroupCount = 0;
 };
 
 } // namespace KeyBlending

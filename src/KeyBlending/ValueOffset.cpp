@@ -147,30 +147,30 @@ MObject restingCopy(const MObject& curve)
 
 void ValueOffset::prepare(Data& data)
 {
-    records.clear();
+    fRecords.clear();
     // duplicate selects its copies; the animator's selection stays as it was.
     MSelectionList selection;
     MGlobal::getActiveSelectionList(selection);
     forEachCurve(data.nodes(), [&](const CurveKeys& curve) {
-        records.push_back({curve.curve, restingCopy(curve.curve), curve.keys});
+        fRecords.push_back({curve.curve, restingCopy(curve.curve), curve.keys});
     });
     MGlobal::setActiveSelectionList(selection);
 }
 
 void ValueOffset::release()
 {
-    for (Record& record : records)
+    for (Record& record : fRecords)
         if (!record.copy.isNull())
             MGlobal::deleteNode(record.copy);
-    records.clear();
+    fRecords.clear();
 }
 
 double ValueOffset::offsetFor(size_t, double x) const { return x; }
 
 void ValueOffset::blend(double x, MAnimCurveChange* change) const
 {
-    for (size_t i = 0; i < records.size(); ++i) {
-        const Record& record = records[i];
+    for (size_t i = 0; i < fRecords.size(); ++i) {
+        const Record& record = fRecords[i];
         if (record.copy.isNull())
             continue;
         const double d = offsetFor(i, x);
