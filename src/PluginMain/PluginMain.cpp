@@ -3,6 +3,8 @@
 #include <maya/MFnPlugin.h>
 
 #include "KeyBlending/Registration.h"
+#include "Tangent/Registration.h"
+#include "TangentBlending/Registration.h"
 #include "Utils/Nodes/SceneId/Registration.h"
 #include "Utils/Report.h"
 #include "Utils/Tasks.h"
@@ -26,7 +28,11 @@ PLUGIN_EXPORT MStatus initializePlugin(MObject obj)
     // A failure stops the load where it is: what was registered stays so.
     if (!(status = KeyBlending::registerCommand(plugin)))
         return status;
+    if (!(status = TangentBlending::registerCommand(plugin)))
+        return status;
     if (!(status = SceneId::registerNode(plugin)))
+        return status;
+    if (!(status = Tangent::registerCommand(plugin)))
         return status;
     return MS::kSuccess;
 }
@@ -36,7 +42,11 @@ PLUGIN_EXPORT MStatus uninitializePlugin(MObject obj)
     MStatus status = MS::kSuccess;
     MFnPlugin plugin(obj, "Unknown", "Unknown", RequiredApiVersion);
     cancelAllTasks();
+    if (!(status = Tangent::deregisterCommand(plugin)))
+        return status;
     if (!(status = SceneId::deregisterNode(plugin)))
+        return status;
+    if (!(status = TangentBlending::deregisterCommand(plugin)))
         return status;
     if (!(status = KeyBlending::deregisterCommand(plugin)))
         return status;

@@ -34,7 +34,7 @@ TEST_F(PluginLoad, RegistersTheCommandsInOrder)
     ASSERT_TRUE(MGlobal::executeCommand("unloadPlugin orvane"));
     mayasim::host::clearRegistrations();
     ASSERT_TRUE(mayasim::host::loadLinkedPlugin("orvane", initializePlugin, uninitializePlugin));
-    EXPECT_THAT(registeredCommands(), ::testing::ElementsAre("OVKeyBlending"));
+    EXPECT_THAT(registeredCommands(), ::testing::ElementsAre("OVKeyBlending", "OVTangentBlending", "OVTangent"));
 }
 
 TEST_F(PluginLoad, FailedRegistrationStopsTheLoadWithOneReport)
@@ -57,7 +57,7 @@ TEST_F(PluginLoad, FailedDeregistrationKeepsThePluginWithItsTasksCancelled)
     mayasim::host::failRegistrationAt(1);
     EXPECT_FALSE(MGlobal::executeCommand("unloadPlugin orvane"));
     ASSERT_EQ(reports().size(), 1u);
-    EXPECT_THAT(reports()[0], HasSubstr("Message: Failed to deregister OVSceneId\n"));
+    EXPECT_THAT(reports()[0], HasSubstr("Message: Failed to deregister OVTangent\n"));
     EXPECT_THAT(reports()[0], HasSubstr("Function: Deregister\n"));
     mayasim::host::pumpIdle();
     EXPECT_FALSE(ran);
