@@ -138,26 +138,32 @@ MelValue currentUnit(const Invocation& call)
     // Check every name before changing anything.
     const std::string none;
     const auto word = [&](const char* flag) { return args.has(flag) ? args.args(flag).at(0).text : none; };
-    const std::optional<MDistance::Unit> linear =
-        args.has("linear") ? std::optional(unitNamed(kLinearUnits, word("linear"), "linear")) : std::nullopt;
-    const std::optional<MAngle::Unit> angle =
-        args.has("angle") ? std::optional(unitNamed(kAngularUnits, word("angle"), "angular")) : std::nullopt;
-    const std::optional<MTime::Unit> time = args.has("time") ? timeUnitNamed(word("time")) : std::nullopt;
-    if (args.has("time") && !time)
-        throw MelError("currentUnit: Invalid time unit: " + word("time"));
-    if (linear && *linear != MDistance::uiUnit())
+    // Units not named keep their present value, so only real changes fire.
+    const MDistance::Unit linear =
+        args.has("linear") ? unitNamed(kLinearUnits, word("linear"), "linear") : MDistance::uiUnit();
+    const MAngle::Unit angle =
+        args.has("angle") ? unitNamed(kAngularUnits, word("angle"), "angular") : MAngle::uiUnit();
+    MTime::Unit time = MTime::uiUnit();
+    if (args.has("time"))
     {
-        MDistance::setUIUnit(*linear);
+        const std::optional<MTime::Unit> named = timeUnitNamed(word("time"));
+        if (!named)
+            throw MelError("currentUnit: Invalid time unit: " + word("time"));
+        time = *named;
+    }
+    if (linear != MDistance::uiUnit())
+    {
+        MDistance::setUIUnit(linear);
         events::fireEvent("linearUnitChanged");
     }
-    if (angle && *angle != MAngle::uiUnit())
+    if (angle != MAngle::uiUnit())
     {
-        MAngle::setUIUnit(*angle);
+        MAngle::setUIUnit(angle);
         events::fireEvent("angularUnitChanged");
     }
-    if (time && *time != MTime::uiUnit())
+    if (time != MTime::uiUnit())
     {
-        MTime::setUIUnit(*time);
+        MTime::setUIUnit(time);
         events::fireEvent("timeUnitChanged");
     }
     return MelValue::none();
