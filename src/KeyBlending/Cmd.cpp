@@ -20,12 +20,6 @@ const char* const FrameTimesLong = "-frameTimes";
 const char* const InternalShort = "-i";
 const char* const InternalLong = "-internal";
 
-QString flagText(const char* shortName, const char* longName)
-{
-    return QStringLiteral("[") + QString::fromLatin1(shortName) + QStringLiteral(", ") + QString::fromLatin1(longName)
-           + QStringLiteral("]");
-}
-
 } // namespace
 
 Cmd::~Cmd()
