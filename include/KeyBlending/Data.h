@@ -1,7 +1,11 @@
 #pragma once
 #include "CollectAnimation/DataBase.h"
+#include "KeyBlending/CurveShaping.h"
+#include "KeyBlending/ScaleBlends.h"
+#include "KeyBlending/SimplifyBakeKeys.h"
 #include "KeyBlending/ValueOffset.h"
 #include "KeyBlending/ValueOffsetStagger.h"
+#include "KeyBlending/WorldSpace.h"
 
 #include <maya/MAnimCurveChange.h>
 #include <maya/MTime.h>
@@ -43,6 +47,17 @@ private:
     MTime fStartTime;
     MTime fEndTime;
     MAnimCurveChange fChange;
+    Infinity fInfinity;
+    WorldSpace fWorldSpace;
+    NeighborsWorldSpace fNeighborsWorldSpace;
+    FrameWorldSpace fFrameWorldSpace;
+    InfinityWorldSpace fInfinityWorldSpace;
+    ScaleFromAverage fScaleAverage;
+    ScaleFromFrame fScaleFrame;
+    SimplifyBakeKeys fSimplify;
+    NoiseWave fNoiseWave;
+    SmoothRough fSmoothRough;
+    GapSmoother fGapSmoother;
     ValueOffset fValueOffset;
     ValueOffsetStagger fValueOffsetStagger;
     // Connect To Neighbors: whether the first movement of the drag has

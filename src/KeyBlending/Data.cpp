@@ -94,8 +94,44 @@ void Data::collect(const MSelectionList& selection)
     case 2:
         prepareFrame(nodes(), fStartTime, fEndTime);
         break;
+    case 3:
+        fInfinity.prepare(nodes());
+        break;
+    case 4:
+        fWorldSpace.prepare(nodes());
+        break;
+    case 5:
+        fNeighborsWorldSpace.prepare(nodes());
+        break;
+    case 6:
+        fFrameWorldSpace.prepare(nodes(), fStartTime, fEndTime);
+        break;
+    case 7:
+        fInfinityWorldSpace.prepare(nodes());
+        break;
     case 8:
         preparePullPush(nodes());
+        break;
+    case 12:
+        fScaleAverage.prepare(nodes());
+        break;
+    case 13:
+        fScaleFrame.prepare(nodes(), fStartTime, fEndTime);
+        break;
+    case 16:
+        fSimplify.prepare(*this, selection);
+        break;
+    case 17:
+        fNoiseWave.prepare(nodes());
+        break;
+    case 18:
+        fSmoothRough.prepare(nodes());
+        break;
+    case 19:
+        fGapSmoother.prepare(nodes());
+        break;
+    case 21:
+        prepareBuffer(nodes());
         break;
     case 22:
         fValueOffset.prepare(*this);
@@ -118,14 +154,56 @@ void Data::blend(double x)
     case 2:
         neighbors(nodes(), x, &fChange);
         break;
+    case 3:
+        fInfinity.blend(x, &fChange);
+        break;
+    case 4:
+        fWorldSpace.blend(x, &fChange);
+        break;
+    case 5:
+        fNeighborsWorldSpace.blend(x, &fChange);
+        break;
+    case 6:
+        fFrameWorldSpace.blend(x, &fChange);
+        break;
+    case 7:
+        fInfinityWorldSpace.blend(x, &fChange);
+        break;
     case 8:
         pullPush(nodes(), x, &fChange);
         break;
     case 10:
         ease(nodes(), x, &fChange);
         break;
+    case 12:
+        fScaleAverage.blend(x, &fChange);
+        break;
+    case 13:
+        fScaleFrame.blend(x, &fChange);
+        break;
+    case 14:
+        scaleFromNeighborLeft(nodes(), x, &fChange);
+        break;
+    case 15:
+        scaleFromNeighborRight(nodes(), x, &fChange);
+        break;
+    case 16:
+        fSimplify.blend(x, &fChange);
+        break;
+    case 17:
+        fNoiseWave.blend(x, &fChange);
+        break;
+    case 18:
+        fSmoothRough.blend(x, &fChange);
+        break;
+    case 19:
+        fGapSmoother.blend(x, &fChange);
+        break;
     case 20:
         connectToNeighbors(nodes(), x, &fChange, fConnectSideChosen);
+        break;
+    case 21:
+        buffer(nodes(), x, &fChange);
         break;
     case 22:
         fValueOffset.blend(x, &fChange);
