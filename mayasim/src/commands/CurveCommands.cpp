@@ -229,19 +229,32 @@ Buffer contentOf(const anim::AnimCurveData& data)
     return buffer;
 }
 
+// Maya's documented behaviour: without -overwrite a curve that already has
+// a buffer keeps it; -swap exchanges curve and buffer where a buffer exists
+// and leaves other curves alone. There are no file references here, so
+// -useReferencedCurve has nothing to act on. The result counts the curves
+// acted on that hold a buffer afterwards.
 MelValue bufferCurve(const Invocation& call)
 {
     const ParsedArgs args(call.name, call.words,
-                          {{"q", "query", 0}, {"ex", "exists", 0}, {"swap", "swap", 0}, {"ov", "overwrite", 1},
-                           {"an", "animation", 1, true}, {"at", "attribute", 1, true}, {"t", "time", 1, true}});
+                          {{"q", "query", 0},
+                           {"ex", "exists", 0},
+                           {"sw", "swap", 0},
+                           {"ov", "overwrite", 1},
+                           {"urc", "useReferencedCurve", 0},
+                           {"an", "animation", 1, true},
+                           {"at", "attribute", 1, true},
+                           {"t", "time", 1, true}});
     if (args.has("query"))
     {
+        if (args.has("useReferencedCurve"))
+            return MelValue::ofInt(0);
         if (!args.has("exists"))
             throw MelError("bufferCurve: Nothing to query.");
         const std::vector<CurveKeys> curves = keysActedOn(args, call.name);
         return MelValue::ofInt(!curves.empty() && bufferOf(curves.front().curve) ? 1 : 0);
     }
-    const bool overwrite = !args.has("overwrite") || args.args("overwrite").at(0).boolean();
+    const bool overwrite = args.has("overwrite") && args.args("overwrite").at(0).boolean();
     KeyEdits edits;
     std::vector<std::unique_ptr<BufferChange>> changes;
     for (const CurveKeys& keys : keysActedOn(args, call.name))
@@ -264,12 +277,14 @@ MelValue bufferCurve(const Invocation& call)
         changes.push_back(std::make_unique<BufferChange>(keys.curve, before, after));
     }
     edits.commit();
+    // Every curve with a change record holds a buffer afterwards.
+    const long buffered = static_cast<long>(changes.size());
     for (auto& change : changes)
     {
         change->redo();
         recordUndo(std::move(change));
     }
-    return MelValue::none();
+    return MelValue::ofInt(buffered);
 }
 
 BuiltinRegistrar keyTangentCommand("keyTangent", keyTangent);
