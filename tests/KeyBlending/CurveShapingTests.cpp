@@ -183,9 +183,12 @@ TEST_F(NoiseWaveBlend, KeysOfOneValueTakeTheWholeCurvesRange)
 
 TEST_F(NoiseWaveBlend, AFlatCurveTakesARangeOfOne)
 {
+    // Each curve has its own range, and its wave starts downward again.
+    pickKeys("obj_translateX", {2, 3, 4});
     pickKeys("obj_translateY", {0, 1, 2});
     EXPECT_THAT(blended(NoiseWave, 1, "obj_translateY"), ElementsAre(4, 6, 4));
     EXPECT_THAT(blended(NoiseWave, 2, "obj_translateY"), ElementsAre(3, 7, 3));
+    EXPECT_THAT(blended(NoiseWave, 1), ElementsAre(0, 10, -6, 20, 4));
 }
 
 TEST_F(NoiseWaveBlend, AtRestNothingIsWritten)
