@@ -20,10 +20,11 @@ public:
     // current time when there is none. Empty keys leave the curve out.
     virtual CurveKeys collectAtCurrentTime(const CurveRecord& curve);
 
-protected:
-    MAnimCurveChange* change() const { return fChange; }
     // The KeyInfo of a run, from the record's snapshot.
     static void appendRun(const CurveRecord& curve, unsigned int first, unsigned int last, CurveKeys& result);
+
+protected:
+    MAnimCurveChange* change() const { return fChange; }
 
 private:
     CurveKeys selectedKeys(const CurveRecord& curve) const;

@@ -209,9 +209,7 @@ AnimCurveData::AnimCurveData(bool timeInput) : fTimeInput(timeInput) {}
 
 std::size_t AnimCurveData::insertionPoint(double input) const
 {
-    return static_cast<std::size_t>(
-        std::lower_bound(fKeys.begin(), fKeys.end(), input, [](const Key& k, double x) { return k.input < x; }) -
-        fKeys.begin());
+    return fKeys.partitionPoint([input](const Key& k) { return k.input < input; });
 }
 
 bool AnimCurveData::find(double input, std::size_t& index) const
@@ -235,9 +233,13 @@ std::size_t AnimCurveData::findClosest(double input) const
 
 bool AnimCurveData::isStatic() const
 {
-    return std::all_of(fKeys.begin(), fKeys.end(), [this](const Key& k) {
-        return k.value == fKeys.front().value && k.in.y == 0.0 && k.out.y == 0.0;
-    });
+    for (std::size_t i = 0; i < fKeys.size(); ++i)
+    {
+        const Key& k = fKeys[i];
+        if (k.value != fKeys.front().value || k.in.y != 0.0 || k.out.y != 0.0)
+            return false;
+    }
+    return true;
 }
 
 double AnimCurveData::evaluate(double input) const
@@ -259,12 +261,11 @@ AnimCurveData::Sample AnimCurveData::sample(double input) const
 // Between the first and last key; before or after them the end value holds.
 AnimCurveData::Sample AnimCurveData::sampleInRange(double input) const
 {
-    const auto after =
-        std::upper_bound(fKeys.begin(), fKeys.end(), input, [](double x, const Key& k) { return x < k.input; });
-    if (after == fKeys.begin())
+    const std::size_t after = fKeys.partitionPoint([input](const Key& k) { return !(input < k.input); });
+    if (after == 0)
         return {fKeys.front().value, 0.0};
-    const std::size_t left = static_cast<std::size_t>(after - fKeys.begin()) - 1;
-    if (after == fKeys.end() || fKeys[left].input == input)
+    const std::size_t left = after - 1;
+    if (after == fKeys.size() || fKeys[left].input == input)
         return {fKeys[left].value, 0.0};
     return sampleSpan(left, input);
 }
@@ -530,13 +531,13 @@ void AnimCurveData::edit(std::size_t first, std::size_t count, EditSink* sink, C
     if (recording)
     {
         record.first = first;
-        record.before.assign(fKeys.begin() + first, fKeys.begin() + first + count);
+        record.before = fKeys.slice(first, count);
         record.settingsBefore = fSettings;
     }
     const std::ptrdiff_t grown = change();
     if (recording)
     {
-        record.after.assign(fKeys.begin() + first, fKeys.begin() + first + count + grown);
+        record.after = fKeys.slice(first, static_cast<std::size_t>(static_cast<std::ptrdiff_t>(count) + grown));
         record.settingsAfter = fSettings;
         if (editObserver())
             editObserver()(*this, record);
@@ -564,7 +565,7 @@ std::size_t AnimCurveData::addKey(double input, double value, TangentType inType
             fKeys[index] = k;
         }
         else
-            fKeys.insert(fKeys.begin() + static_cast<std::ptrdiff_t>(index), k);
+            fKeys.insert(index, k);
         // A fixed tangent on a new key starts flat.
         for (Side side : {Side::In, Side::Out})
             if (fKeys[index].type(side) == TangentType::Fixed)
@@ -625,7 +626,7 @@ std::size_t AnimCurveData::insertKey(double input, bool adjustTangents, EditSink
                 setFixed(fKeys[index], Side::In, {3.0 * (span.p[3].x - c.x), 3.0 * (span.p[3].y - c.y)});
             }
         }
-        fKeys.insert(fKeys.begin() + static_cast<std::ptrdiff_t>(index), k);
+        fKeys.insert(index, k);
         if (!split)
         {
             // Fixed sides follow the curve's slope, with the spans' lengths.
@@ -649,7 +650,7 @@ bool AnimCurveData::remove(std::size_t index, EditSink* sink)
         return false;
     const std::size_t first = neighbourhood(index);
     edit(first, windowEnd(index) - first, sink, [&]() -> std::ptrdiff_t {
-        fKeys.erase(fKeys.begin() + static_cast<std::ptrdiff_t>(index));
+        fKeys.erase(index);
         refreshTangents(first, index + 1);
         return -1;
     });
@@ -770,9 +771,7 @@ void AnimCurveData::apply(const CurveEdit& edit, bool forward)
 {
     const std::vector<Key>& from = forward ? edit.before : edit.after;
     const std::vector<Key>& to = forward ? edit.after : edit.before;
-    const auto at = fKeys.begin() + static_cast<std::ptrdiff_t>(edit.first);
-    fKeys.erase(at, at + static_cast<std::ptrdiff_t>(from.size()));
-    fKeys.insert(fKeys.begin() + static_cast<std::ptrdiff_t>(edit.first), to.begin(), to.end());
+    fKeys.replace(edit.first, from.size(), to);
     fSettings = forward ? edit.settingsAfter : edit.settingsBefore;
     if (editObserver())
         editObserver()(

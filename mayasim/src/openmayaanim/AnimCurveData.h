@@ -14,6 +14,8 @@
 // (in side); the Bezier handle of the span lies at a third of it. Weighted
 // curves keep its length; unweighted curves keep only its direction, stored
 // as a unit vector.
+#include "BlockList.h"
+
 #include <maya/MTypes.h>
 
 #include <cstddef>
@@ -225,7 +227,7 @@ private:
     std::size_t windowEnd(std::size_t index) const { return index + 2 < fKeys.size() ? index + 2 : fKeys.size(); }
 
     bool fTimeInput;
-    std::vector<Key> fKeys;
+    BlockList<Key> fKeys;
     CurveSettings fSettings;
     std::function<void()> fListener;
 };
