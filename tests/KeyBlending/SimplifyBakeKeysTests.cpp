@@ -207,6 +207,21 @@ TEST_F(SimplifyBakeKeys, SmallestStepRemovesTheFlattestOfThirtyKeys)
     EXPECT_EQ(simplified(-1).size(), 32u - 20u);
 }
 
+TEST_F(SimplifyBakeKeys, FirstStepRemovesOneKeyOfEachCurve)
+{
+    keyPlug("obj.tx", {{1, 0}, {2, 5}, {3, 20}, {4, 30}});
+    keyPlug("obj.ty", {{1, 0}, {2, 1}, {3, 0}, {4, 4}, {5, 0}});
+    mayasim::host::setTimeSliderHighlight(1, 5);
+    const std::string before = sceneText();
+    ASSERT_TRUE(mel("OVKeyBlending -bt 16 -bv -0.01"));
+    // tx: frame 3 lies 2.5 off its neighbours' line, frame 2 5 off.
+    EXPECT_THAT(keyTimes("obj_translateX"), ElementsAre(1, 2, 4));
+    // ty: frame 2 lies 1 off, frames 3 and 4 further.
+    EXPECT_THAT(keyTimes("obj_translateY"), ElementsAre(1, 3, 4, 5));
+    ASSERT_TRUE(mel("undo"));
+    EXPECT_EQ(sceneText(), before);
+}
+
 // A baked curve: one key per frame on a noisy sine.
 class BakedCurve : public SimplifyBakeKeys
 {
