@@ -15,6 +15,7 @@ using NodeKeysList = std::vector<CollectAnimation::NodeKeys>;
 
 // Neighbors and Frame: the key itself at 0, a neighbour at -1 or 1.
 void neighbors(NodeKeysList& nodes, double x, MAnimCurveChange* change);
+double neighborsValue(const CollectAnimation::KeyInfo& key, double x);
 // Frame: each curve's values at the two frame times become the neighbours.
 void prepareFrame(NodeKeysList& nodes, const MTime& start, const MTime& end);
 

@@ -67,13 +67,17 @@ void widenLoneKey(CurveKeys& curve, double x)
 
 void neighbors(NodeKeysList& nodes, double x, MAnimCurveChange* change)
 {
-    setEachKey(nodes, change, [x](MFnAnimCurve&, const KeyInfo& key) -> std::optional<double> {
-        if (x < 0.0)
-            return lerp(key.leftValue, key.value, x + 1.0);
-        if (x > 0.0)
-            return lerp(key.value, key.rightValue, x);
-        return key.value;
-    });
+    setEachKey(nodes, change,
+               [x](MFnAnimCurve&, const KeyInfo& key) -> std::optional<double> { return neighborsValue(key, x); });
+}
+
+double neighborsValue(const KeyInfo& key, double x)
+{
+    if (x < 0.0)
+        return lerp(key.leftValue, key.value, x + 1.0);
+    if (x > 0.0)
+        return lerp(key.value, key.rightValue, x);
+    return key.value;
 }
 
 void prepareFrame(NodeKeysList& nodes, const MTime& start, const MTime& end)

@@ -1,0 +1,82 @@
+#pragma once
+#include "CollectAnimation/Records.h"
+#include "Utils/Nodes/AnimCurve.h"
+#include "Utils/Nodes/Node.h"
+#include "Utils/Nodes/Transform.h"
+
+#include <maya/MFnAnimCurve.h>
+#include <maya/MMatrix.h>
+#include <maya/MPoint.h>
+#include <maya/MQuaternion.h>
+#include <maya/MString.h>
+
+#include <vector>
+
+class MAnimCurveChange;
+
+// What the world-space blends share: the pose a step computes, the object's
+// own rotation offsets and pivot, and the walk that writes transform channels
+// from a pose.
+namespace KeyBlending {
+
+// The channel values of a blended pose, in the object's parent space.
+struct PoseChannels
+{
+    double translate[3] = {0.0, 0.0, 0.0};
+    // Radians, in the object's rotation order.
+    double rotate[3] = {0.0, 0.0, 0.0};
+    double scale[3] = {1.0, 1.0, 1.0};
+};
+
+// What lies between a pose's rotation and the object's rotate channels, and
+// the pivot whose path is blended.
+struct ObjectSpace
+{
+    MQuaternion rotateAxisQ;
+    MQuaternion jointOrientQ;
+    MPoint pivot;
+    // MEulerRotation::RotationOrder of the object.
+    int rotationOrder = 0;
+};
+
+// One collected object and the frame records of its keys.
+template <typename Frame>
+struct ObjectRecord
+{
+    explicit ObjectRecord(CollectAnimation::NodeKeys& node) : source(&node), reader(node.node) {}
+
+    CollectAnimation::NodeKeys* source;
+    TransformReader reader;
+    std::vector<Frame> frames;
+    // Read only for objects that have frames.
+    ObjectSpace space;
+};
+
+// Read at the press, from the object as it stands.
+ObjectSpace readObjectSpace(TransformReader& reader);
+
+// Blends the poses of the parent-space matrices a and b by t into pose: the
+// rotation along the shortest arc, scale and the pivot's path in a line.
+void blendPose(const MMatrix& a, const MMatrix& b, double t, const ObjectSpace& object, PoseChannels& pose);
+
+// The component of pose that the curve named name drives, found by the
+// channel name it contains; fallback for any other curve.
+double channelValue(const MString& name, const PoseChannels& pose, double fallback);
+
+// Writes valueOf(curve, key, transform, name) into every collected key of
+// node, with transform whether the curve drives a transform channel and name
+// the curve's name.
+template <typename ValueOf>
+void setEachKeyOf(CollectAnimation::NodeKeys& node, MAnimCurveChange* change, ValueOf&& valueOf)
+{
+    for (CollectAnimation::PlugKeys& plug : node.plugs)
+        for (CollectAnimation::CurveKeys& curve : plug.curves) {
+            MFnAnimCurve fn(curve.curve);
+            const bool transform = isTransformCurve(curve.curve);
+            const MString name = nodeDisplayName(curve.curve);
+            for (const CollectAnimation::KeyInfo& key : curve.keys)
+                fn.setValue(key.index, valueOf(fn, key, transform, name), change);
+        }
+}
+
+} // namespace KeyBlending

@@ -1,0 +1,104 @@
+#include "KeyBlending/WorldPose.h"
+
+#include "Utils/Arithmetic.h"
+
+#include <maya/MDoubleArray.h>
+#include <maya/MEulerRotation.h>
+#include <maya/MFnDependencyNode.h>
+#include <maya/MTransformationMatrix.h>
+#include <maya/MVector.h>
+
+#include <algorithm>
+
+namespace KeyBlending {
+
+namespace {
+
+// An angle triple plug as a rotation in Maya's default XYZ order; identity
+// when the plug is missing.
+MQuaternion rotationOf(const MPlug& plug)
+{
+    const MDoubleArray angles = TransformReader::childValues(plug);
+    if (angles.length() < 3)
+        return MQuaternion();
+    return MEulerRotation(angles[0], angles[1], angles[2]).asQuaternion();
+}
+
+// The translation the pivot would have if the matrix turned about it:
+// translation row + pivot * rotation - pivot.
+MVector pivotPath(const MMatrix& matrix, const MQuaternion& rotation, const MPoint& pivot)
+{
+    const MMatrix turn = rotation.asMatrix();
+    MVector path;
+    for (unsigned int column = 0; column < 3; ++column) {
+        double turned = 0.0;
+        for (unsigned int row = 0; row < 3; ++row)
+            turned += pivot[row] * turn(row, column);
+        path[column] = matrix(3, column) + turned - pivot[column];
+    }
+    return path;
+}
+
+void store(const MVector& value, double (&channels)[3])
+{
+    for (unsigned int i = 0; i < 3; ++i)
+        channels[i] = value[i];
+}
+
+} // namespace
+
+ObjectSpace readObjectSpace(TransformReader& reader)
+{
+    ObjectSpace space;
+    MPlug rotateAxis = reader.plugFor(TransformReader::RotateAxis);
+    if (rotateAxis.isNull())
+        rotateAxis = reader.tryAdd(TransformReader::RotateAxis, "rotateAxis", false);
+    space.rotateAxisQ = rotationOf(rotateAxis);
+    const MFnDependencyNode node(reader.object());
+    if (node.hasAttribute("jointOrient"))
+        space.jointOrientQ = rotationOf(node.findPlug("jointOrient", false));
+    space.pivot = reader.rotatePivot();
+    // MTransformationMatrix counts its orders from one above MEulerRotation's.
+    space.rotationOrder = std::max(reader.rotationOrder() - 1, 0);
+    return space;
+}
+
+void blendPose(const MMatrix& a, const MMatrix& b, double t, const ObjectSpace& object, PoseChannels& pose)
+{
+    const MTransformationMatrix transformA(a);
+    const MTransformationMatrix transformB(b);
+    const MQuaternion rotationA = transformA.rotation();
+    const MQuaternion rotationB = transformB.rotation();
+
+    // Without the rotate axis before and the joint orient after, what is left
+    // is the object's own rotate channels.
+    const MQuaternion rotation = object.rotateAxisQ.inverse() * slerp(rotationA, rotationB, t)
+                                 * object.jointOrientQ.inverse();
+    MEulerRotation euler = rotation.asEulerRotation();
+    euler.reorderIt(static_cast<MEulerRotation::RotationOrder>(object.rotationOrder));
+    store(euler.asVector(), pose.rotate);
+
+    double scaleA[3];
+    double scaleB[3];
+    transformA.getScale(scaleA, MSpace::kTransform);
+    transformB.getScale(scaleB, MSpace::kTransform);
+    store(lerp(MVector(scaleA), MVector(scaleB), t), pose.scale);
+
+    // The pivot's path is blended, so an object with an offset pivot doesn't swing.
+    store(lerp(pivotPath(a, rotationA, object.pivot), pivotPath(b, rotationB, object.pivot), t), pose.translate);
+}
+
+double channelValue(const MString& name, const PoseChannels& pose, double fallback)
+{
+    const char* const channels[] = {"translateX", "translateY", "translateZ", "rotateX", "rotateY",
+                                    "rotateZ",    "scaleX",     "scaleY",     "scaleZ"};
+    const double* const values[] = {&pose.translate[0], &pose.translate[1], &pose.translate[2],
+                                    &pose.rotate[0],    &pose.rotate[1],    &pose.rotate[2],
+                                    &pose.scale[0],     &pose.scale[1],     &pose.scale[2]};
+    for (unsigned int i = 0; i < 9; ++i)
+        if (name.indexW(MString(channels[i])) >= 0)
+            return *values[i];
+    return fallback;
+}
+
+} // namespace KeyBlending

@@ -1,0 +1,361 @@
+// World Space, Neighbors World Space, Frame World Space and Infinity World
+// Space end to end: world paths under moving parents, rotations with their
+// offsets, the channels that keep the plain formulas, and the undo record.
+#include "PluginTest.h"
+
+#include "SliderDrag.h"
+
+#include <maya/MEulerRotation.h>
+#include <maya/MGlobal.h>
+#include <maya/MQuaternion.h>
+#include <mayasim/Host.h>
+
+#include <gmock/gmock.h>
+
+#include <cmath>
+
+using ::testing::DoubleNear;
+using ::testing::ElementsAre;
+using ::testing::Not;
+using ::testing::Pointwise;
+
+namespace {
+
+enum BlendType { WorldSpace = 4, NeighborsWorldSpace = 5, FrameWorldSpace = 6, InfinityWorldSpace = 7 };
+
+constexpr double tolerance = 1e-9;
+
+// Values equal to the expected ones within the tolerance: rotations go
+// through radians and back.
+auto near(const std::vector<double>& expected) { return Pointwise(DoubleNear(tolerance), expected); }
+
+double radians(double degrees) { return degrees * M_PI / 180.0; }
+
+// The angle of the turn from one rotation (degrees, XYZ) to another.
+double angleBetween(const std::vector<double>& from, const std::vector<double>& to)
+{
+    const MQuaternion a = MEulerRotation(radians(from[0]), radians(from[1]), radians(from[2])).asQuaternion();
+    const MQuaternion b = MEulerRotation(radians(to[0]), radians(to[1]), radians(to[2])).asQuaternion();
+    const double dot = std::fabs(a.x * b.x + a.y * b.y + a.z * b.z + a.w * b.w);
+    return 2.0 * std::acos(std::fmin(1.0, dot));
+}
+
+class WorldSpaceBlends : public PluginTest
+{
+protected:
+    // Picks the keys of the given indices on each curve and selects the node.
+    static void pickKeys(const std::string& node, const std::vector<std::string>& curves,
+                         const std::vector<unsigned int>& indices)
+    {
+        for (const std::string& curve : curves)
+            ASSERT_TRUE(mayasim::host::selectKeys(node + "_" + curve, indices)) << curve;
+        ASSERT_TRUE(mel("select -add " + node));
+    }
+
+    // Runs one command and gives each curve's keys after it; undo must give
+    // back the scene as it was and redo the blend again.
+    static std::vector<std::vector<double>> blended(int type, double x, const std::vector<std::string>& curves,
+                                                    const std::string& flags = "")
+    {
+        const std::string before = sceneText();
+        const std::string command = "OVKeyBlending -bt " + std::to_string(type) + " -bv " + std::to_string(x) + " "
+                                    + flags;
+        EXPECT_TRUE(mel(command)) << command;
+        std::vector<std::vector<double>> values;
+        for (const std::string& curve : curves)
+            values.push_back(keyValues(curve));
+        const std::string after = sceneText();
+        EXPECT_TRUE(mel("undo"));
+        EXPECT_EQ(sceneText(), before) << command;
+        EXPECT_TRUE(mel("redo"));
+        EXPECT_EQ(sceneText(), after) << command;
+        EXPECT_TRUE(mel("undo"));
+        return values;
+    }
+
+    // The keys of the given index on each curve, after one command.
+    static std::vector<double> blendedAt(int type, double x, const std::vector<std::string>& curves, unsigned int index,
+                                         const std::string& flags = "")
+    {
+        std::vector<double> values;
+        for (const std::vector<double>& keys : blended(type, x, curves, flags))
+            values.push_back(keys.at(index));
+        return values;
+    }
+};
+
+TEST_F(WorldSpaceBlends, WithoutParentOrPivotTheTranslationIsTheLerpOfTheWorldTranslations)
+{
+    ASSERT_TRUE(mel("createNode transform -n obj"));
+    keyPlug("obj.tx", {{1, 2}, {5, 40}, {9, 10}});
+    keyPlug("obj.ty", {{1, -4}, {5, 0}, {9, 8}});
+    keyPlug("obj.tz", {{1, 0}, {5, 0}, {9, 1}});
+    keyPlug("obj.rz", {{1, 10}, {5, 0}, {9, 50}});
+    keyPlug("obj.sx", {{1, 1}, {5, 7}, {9, 3}});
+    const std::vector<std::string> curves = {"obj_translateX", "obj_translateY", "obj_translateZ", "obj_rotateZ",
+                                             "obj_scaleX"};
+    pickKeys("obj", {"translateX", "translateY", "translateZ", "rotateZ", "scaleX"}, {1});
+
+    // x = 0.5 is three quarters of the way; the key's own pose plays no part.
+    EXPECT_THAT(blendedAt(WorldSpace, 0.5, curves, 1), near({8, 5, 0.75, 40, 2.5}));
+    EXPECT_THAT(blendedAt(WorldSpace, -1, curves, 1), near({2, -4, 0, 10, 1}));
+    // Beyond the slider's end the pose overshoots along the same paths.
+    EXPECT_THAT(blendedAt(WorldSpace, 2, curves, 1), near({14, 14, 1.5, 70, 4}));
+}
+
+TEST_F(WorldSpaceBlends, RotationsTurnAlongTheShortestArc)
+{
+    ASSERT_TRUE(mel("createNode transform -n obj"));
+    keyPlug("obj.rx", {{1, 0}, {5, 0}, {9, 90}});
+    keyPlug("obj.ry", {{1, 0}, {5, 0}, {9, 0}});
+    keyPlug("obj.rz", {{1, 0}, {5, 0}, {9, 90}});
+    const std::vector<std::string> curves = {"obj_rotateX", "obj_rotateY", "obj_rotateZ"};
+    pickKeys("obj", {"rotateX", "rotateY", "rotateZ"}, {1});
+
+    const std::vector<double> left = {0, 0, 0};
+    const std::vector<double> right = {90, 0, 90};
+    const double whole = angleBetween(left, right);
+    for (double x : {-0.5, 0.0, 0.5}) {
+        const double t = (x + 1) / 2;
+        const std::vector<double> rotation = blendedAt(WorldSpace, x, curves, 1);
+        EXPECT_NEAR(angleBetween(left, rotation), whole * t, 1e-9) << x;
+        EXPECT_NEAR(angleBetween(rotation, right), whole * (1 - t), 1e-9) << x;
+    }
+    // Not the channels' own halfway values.
+    EXPECT_THAT(blendedAt(WorldSpace, 0, curves, 1), Not(near({45, 0, 45})));
+}
+
+TEST_F(WorldSpaceBlends, AMovingParentIsCancelledAtTheKeysOwnTime)
+{
+    ASSERT_TRUE(mel("createNode transform -n parent"));
+    ASSERT_TRUE(mel("createNode transform -n obj -p parent"));
+    // The parent's turn peaks between the neighbours; in the world the child
+    // stands at (10, 0, 0), unturned, at both neighbours.
+    keyPlug("parent.rz", {{1, 0}, {5, 90}, {9, 0}});
+    keyPlug("obj.tx", {{1, 10}, {5, 7}, {9, 10}});
+    keyPlug("obj.ty", {{1, 0}, {5, 3}, {9, 0}});
+    keyPlug("obj.rz", {{1, 0}, {5, 20}, {9, 0}});
+    const std::vector<std::string> curves = {"obj_translateX", "obj_translateY", "obj_rotateZ"};
+    pickKeys("obj", {"translateX", "translateY", "rotateZ"}, {1});
+
+    // Held still in the world, against a parent turned by 90 degrees.
+    EXPECT_THAT(blendedAt(WorldSpace, 0, curves, 1), near({0, -10, -90}));
+}
+
+TEST_F(WorldSpaceBlends, AnOffsetPivotTurnsInPlace)
+{
+    ASSERT_TRUE(mel("createNode transform -n obj"));
+    ASSERT_TRUE(mel("setAttr obj.rotatePivot 2 0 0"));
+    keyPlug("obj.tx", {{1, 0}, {5, 9}, {9, 0}});
+    keyPlug("obj.ty", {{1, 0}, {5, 9}, {9, 0}});
+    keyPlug("obj.rz", {{1, 0}, {5, 0}, {9, 90}});
+    const std::vector<std::string> curves = {"obj_translateX", "obj_translateY", "obj_rotateZ"};
+    pickKeys("obj", {"translateX", "translateY", "rotateZ"}, {1});
+    // The pivot stays where it is while the object turns about it: the
+    // matrices' own translations would swing the object on an arc.
+    EXPECT_THAT(blendedAt(WorldSpace, 0, curves, 1), near({0, 0, 45}));
+}
+
+class JointPose : public WorldSpaceBlends
+{
+protected:
+    void SetUp() override
+    {
+        WorldSpaceBlends::SetUp();
+        ASSERT_TRUE(mel("createNode joint -n root"));
+        ASSERT_TRUE(mel("createNode joint -n j -p root"));
+        ASSERT_TRUE(mel("setAttr j.jointOrient 30 -20 45; setAttr j.rotateAxis 0 10 5; setAttr j.rotateOrder 2"));
+        ASSERT_TRUE(mel("setAttr root.rotate 60 0 -15; setAttr root.tz 4"));
+        keyPlug("j.tx", {{1, 1}, {5, 2}, {9, 3}});
+        keyPlug("j.ty", {{1, -1}, {5, 0}, {9, 2}});
+        keyPlug("j.rx", {{1, 20}, {5, 0}, {9, -35}});
+        keyPlug("j.ry", {{1, -40}, {5, 0}, {9, 15}});
+        keyPlug("j.rz", {{1, 70}, {5, 0}, {9, -10}});
+        pickKeys("j", {"translateX", "translateY", "rotateX", "rotateY", "rotateZ"}, {1});
+    }
+
+    const std::vector<std::string> curves = {"j_translateX", "j_translateY", "j_rotateX", "j_rotateY", "j_rotateZ"};
+};
+
+TEST_F(JointPose, NeighbourPosesComeBackThroughJointOrientAndRotateOrder)
+{
+    const std::vector<double> left = {1, -1, 20, -40, 70};
+    const std::vector<double> right = {3, 2, -35, 15, -10};
+    EXPECT_THAT(blendedAt(WorldSpace, -1, curves, 1), near(left));
+    EXPECT_THAT(blendedAt(WorldSpace, 1, curves, 1), near(right));
+    EXPECT_THAT(blendedAt(NeighborsWorldSpace, -1, curves, 1), near(left));
+    EXPECT_THAT(blendedAt(NeighborsWorldSpace, 1, curves, 1), near(right));
+    EXPECT_THAT(blendedAt(FrameWorldSpace, -1, curves, 1, "-ft 1 9"), near(left));
+    EXPECT_THAT(blendedAt(FrameWorldSpace, 1, curves, 1, "-ft 1 9"), near(right));
+}
+
+TEST_F(JointPose, NeighborsWorldSpaceAtRestKeepsThePose)
+{
+    EXPECT_THAT(blendedAt(NeighborsWorldSpace, 0, curves, 1), near({2, 0, 0, 0, 0}));
+}
+
+class TranslatingParent : public WorldSpaceBlends
+{
+protected:
+    void SetUp() override
+    {
+        WorldSpaceBlends::SetUp();
+        ASSERT_TRUE(mel("createNode transform -n parent"));
+        ASSERT_TRUE(mel("createNode transform -n obj -p parent"));
+        ASSERT_TRUE(mel("addAttr -ln weight -at double obj"));
+        ASSERT_TRUE(mel("addAttr -ln mytranslateXOffset -at double obj"));
+        // In the world the object stands at x = 0, 83, 110 and 120.
+        keyPlug("parent.tx", {{1, 0}, {5, 80}, {9, 100}, {13, 100}});
+        keyPlug("obj.tx", {{1, 0}, {5, 3}, {9, 10}, {13, 20}});
+        keyPlug("obj.weight", {{1, 0}, {5, 3}, {9, 10}, {13, 30}});
+        keyPlug("obj.mytranslateXOffset", {{1, 100}, {5, 200}, {9, 300}, {13, 400}});
+    }
+};
+
+TEST_F(TranslatingParent, TheWorldPathRunsBetweenTheNeighbours)
+{
+    pickKeys("obj", {"translateX"}, {1});
+    // World 0 and 110: halfway is 55, which is -25 from the parent at frame 5.
+    EXPECT_THAT(blendedAt(WorldSpace, 0, {"obj_translateX"}, 1), near({-25}));
+    EXPECT_THAT(blendedAt(WorldSpace, 1, {"obj_translateX"}, 1), near({30}));
+}
+
+TEST_F(TranslatingParent, OtherChannelsKeepThePlainFormula)
+{
+    // Beside a transform channel that follows the world pose, a plain one
+    // gets the Tween Machine value.
+    pickKeys("obj", {"translateX", "weight"}, {1});
+    const std::vector<std::string> curves = {"obj_translateX", "obj_weight"};
+    EXPECT_THAT(blendedAt(WorldSpace, 0, curves, 1), near({-25, 5}));
+    EXPECT_THAT(blendedAt(WorldSpace, 0.5, curves, 1), near({2.5, 7.5}));
+    // Neighbors World Space: the Neighbors formula, at rest the key itself.
+    EXPECT_THAT(blendedAt(NeighborsWorldSpace, 0, curves, 1), near({3, 3}));
+    EXPECT_THAT(blendedAt(NeighborsWorldSpace, -0.5, curves, 1), near({-38.5, 1.5}));
+    EXPECT_THAT(blendedAt(NeighborsWorldSpace, 0.5, curves, 1), near({16.5, 6.5}));
+}
+
+TEST_F(TranslatingParent, ACurveWhoseNameHoldsAChannelCountsAsThatChannel)
+{
+    // Its value is the translate X of the world pose: 55 in the world, -25
+    // from the parent at frame 5; its own neighbours would give 200.
+    pickKeys("obj", {"mytranslateXOffset"}, {1});
+    EXPECT_THAT(blendedAt(WorldSpace, 0, {"obj_mytranslateXOffset"}, 1), near({-25}));
+}
+
+TEST_F(TranslatingParent, FrameWorldSpaceWithoutTimesUsesThePlaybackRange)
+{
+    pickKeys("obj", {"translateX", "weight"}, {1});
+    ASSERT_TRUE(mel("playbackOptions -min 1 -max 9"));
+    // The world pose at frame 9 is 110: 30 from the parent at frame 5.
+    EXPECT_THAT(blendedAt(FrameWorldSpace, 1, {"obj_translateX", "obj_weight"}, 1), near({30, 10}));
+    EXPECT_THAT(blendedAt(FrameWorldSpace, -1, {"obj_translateX", "obj_weight"}, 1), near({-80, 0}));
+    ASSERT_TRUE(mel("playbackOptions -min 1 -max 13"));
+    // At frame 13 the world pose is 120.
+    EXPECT_THAT(blendedAt(FrameWorldSpace, 1, {"obj_translateX", "obj_weight"}, 1), near({40, 30}));
+    EXPECT_THAT(blendedAt(FrameWorldSpace, 0.5, {"obj_translateX", "obj_weight"}, 1, "-ft 1 9"), near({16.5, 6.5}));
+}
+
+TEST_F(TranslatingParent, NeighborsWorldSpaceReadsTheKeysPoseAnewAtEachStep)
+{
+    pickKeys("obj", {"translateX"}, {1});
+    const std::string before = sceneText();
+    KeyBlending::Data* data = pressSlider(NeighborsWorldSpace);
+    ASSERT_NE(data, nullptr);
+    // Halfway from 3 toward 30, then halfway again from where the step left it.
+    data->blend(0.5);
+    EXPECT_NEAR(keyValues("obj_translateX")[1], 16.5, tolerance);
+    data->blend(0.5);
+    EXPECT_NEAR(keyValues("obj_translateX")[1], 23.25, tolerance);
+    data->blend(-1);
+    EXPECT_NEAR(keyValues("obj_translateX")[1], -80, tolerance);
+    releaseSlider(*data);
+    const std::string after = sceneText();
+
+    ASSERT_TRUE(mel("undo"));
+    EXPECT_EQ(sceneText(), before);
+    ASSERT_TRUE(mel("redo"));
+    EXPECT_EQ(sceneText(), after);
+}
+
+class InfinitySides : public WorldSpaceBlends
+{
+protected:
+    void SetUp() override
+    {
+        WorldSpaceBlends::SetUp();
+        ASSERT_TRUE(mel("createNode transform -n parent"));
+        ASSERT_TRUE(mel("createNode transform -n obj -p parent"));
+        ASSERT_TRUE(mel("addAttr -ln weight -at double obj"));
+        keyPlug("parent.tx", {{1, 0}, {3, 100}, {5, 0}, {7, 0}, {9, 0}});
+        keyPlug("obj.tx", {{1, 5}, {3, -95}, {5, 30}, {7, 35}, {9, 40}});
+        keyPlug("obj.rz", {{1, 10}, {3, 20}, {5, 30}, {7, 50}, {9, 60}});
+        keyPlug("obj.weight", {{1, 0}, {3, 10}, {5, 30}, {7, 35}, {9, 40}});
+    }
+
+    const std::vector<std::string> curves = {"obj_translateX", "obj_rotateZ", "obj_weight"};
+};
+
+TEST_F(InfinitySides, ARunNearTheStartGoesToThePoseOfTheFirstKey)
+{
+    // Keys 1, 2: the left side's near and far keys are both key 0.
+    pickKeys("obj", {"translateX", "rotateZ", "weight"}, {1, 2});
+    const std::vector<std::vector<double>> values = blended(InfinityWorldSpace, 1, curves);
+    // The world pose of frame 1 (5, turned 10 degrees), under the parent at
+    // frames 3 and 5.
+    EXPECT_THAT(values[0], near({5, -95, 5, 35, 40}));
+    EXPECT_THAT(values[1], near({10, 10, 10, 50, 60}));
+    // A plain channel goes onto the line through its run's neighbours.
+    EXPECT_THAT(values[2], near({0, 35.0 / 3, 70.0 / 3, 35, 40}));
+}
+
+TEST_F(InfinitySides, AMiddleRunCarriesOnTheMotionBeyondItsNeighbour)
+{
+    pickKeys("obj", {"translateX", "rotateZ", "weight"}, {3});
+    // From the left: the world motion from frame 3 to frame 5 (out from 5 to
+    // 30 while turning 10 degrees about the origin) once more after frame 5.
+    const double beyond = 30 + 25 * std::cos(radians(10));
+    std::vector<std::vector<double>> values = blended(InfinityWorldSpace, 1, curves);
+    EXPECT_NEAR(values[0][3], beyond, tolerance);
+    EXPECT_NEAR(values[1][3], 40, tolerance);
+    values = blended(InfinityWorldSpace, 0.5, curves);
+    EXPECT_NEAR(values[0][3], (35 + beyond) / 2, tolerance);
+    EXPECT_NEAR(values[1][3], 45, tolerance);
+    // From the right the neighbour is the last key, so its pose is the target.
+    values = blended(InfinityWorldSpace, -1, curves);
+    EXPECT_NEAR(values[0][3], 40, tolerance);
+    EXPECT_NEAR(values[1][3], 60, tolerance);
+    // The plain channel: the line through the neighbours.
+    EXPECT_NEAR(values[2][3], 35, tolerance);
+}
+
+TEST_F(InfinitySides, ARunAtTheLastKeyMovesTowardItsRightValueFromTheRight)
+{
+    // No key follows the run: no pose on the right, so the channels go flat
+    // toward the run's right neighbour, the last key itself.
+    pickKeys("obj", {"translateX", "rotateZ"}, {3, 4});
+    const std::vector<std::vector<double>> values = blended(InfinityWorldSpace, -1, curves);
+    EXPECT_THAT(values[0], near({5, -95, 30, 40, 40}));
+    EXPECT_THAT(values[1], near({10, 20, 30, 60, 60}));
+    const std::vector<std::vector<double>> half = blended(InfinityWorldSpace, -0.5, curves);
+    EXPECT_THAT(half[0], near({5, -95, 30, 37.5, 40}));
+}
+
+TEST_F(InfinitySides, ADragIsOneUndoStep)
+{
+    pickKeys("obj", {"translateX", "rotateZ", "weight"}, {1, 2});
+    const std::string before = sceneText();
+    KeyBlending::Data* data = pressSlider(InfinityWorldSpace);
+    ASSERT_NE(data, nullptr);
+    for (double x : {0.3, -0.2, 0.7, 1.0})
+        data->blend(x);
+    releaseSlider(*data);
+    EXPECT_THAT(keyValues("obj_translateX"), near({5, -95, 5, 35, 40}));
+    const std::string after = sceneText();
+
+    ASSERT_TRUE(mel("undo"));
+    EXPECT_EQ(sceneText(), before);
+    ASSERT_TRUE(mel("redo"));
+    EXPECT_EQ(sceneText(), after);
+}
+
+} // namespace
