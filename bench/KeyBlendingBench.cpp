@@ -1,5 +1,5 @@
 // The blend step runs at every mouse move of the slider: Tween Machine,
-// Neighbors, Ease and Value Offset over many keys, beside the bare
+// Neighbors, Ease, Value Offset and World Space over many keys, beside the bare
 // MFnAnimCurve::setValue loop they are built on; and the press (collection)
 // over many animated channels.
 #include "KeyBlending/Data.h"
@@ -60,11 +60,11 @@ void shapeArgs(benchmark::internal::Benchmark* bench)
 }
 
 // One blend type's step over the scene, from a single press.
-void BlendStep(benchmark::State& state, int blendType)
+void BlendStep(benchmark::State& state, int blendType, int channelsPerObject = 1)
 {
-    const int curves = static_cast<int>(state.range(0));
+    const int curves = static_cast<int>(state.range(0)) * channelsPerObject;
     const int keys = static_cast<int>(state.range(1));
-    buildScene(curves, 1, keys);
+    buildScene(static_cast<int>(state.range(0)), channelsPerObject, keys);
     KeyBlending::Data data;
     MSelectionList selection;
     MGlobal::getActiveSelectionList(selection);
@@ -92,6 +92,11 @@ BENCHMARK(EaseStep)->Apply(shapeArgs)->Unit(benchmark::kMicrosecond);
 // tangents from it.
 void ValueOffsetStep(benchmark::State& state) { BlendStep(state, 22); }
 BENCHMARK(ValueOffsetStep)->Apply(shapeArgs)->Unit(benchmark::kMicrosecond);
+
+// World Space on objects with their nine transform channels keyed: a pose
+// blend per key time and the parent's inverse at that time, at each step.
+void WorldSpaceStep(benchmark::State& state) { BlendStep(state, 4, 9); }
+BENCHMARK(WorldSpaceStep)->Args({10, 100})->Args({100, 100})->Unit(benchmark::kMillisecond);
 
 void BareSetValueLoop(benchmark::State& state)
 {
