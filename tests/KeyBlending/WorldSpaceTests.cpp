@@ -306,6 +306,11 @@ TEST_F(InfinitySides, ARunNearTheStartGoesToThePoseOfTheFirstKey)
     EXPECT_THAT(values[1], near({10, 10, 10, 50, 60}));
     // A plain channel goes onto the line through its run's neighbours.
     EXPECT_THAT(values[2], near({0, 35.0 / 3, 70.0 / 3, 35, 40}));
+
+    // A run from key 0 itself: key 0 holds its pose, key 1 takes it.
+    mayasim::host::clearKeySelection();
+    pickKeys("obj", {"translateX", "rotateZ"}, {0, 1});
+    EXPECT_THAT(blended(InfinityWorldSpace, 1, curves)[1], near({10, 10, 30, 50, 60}));
 }
 
 TEST_F(InfinitySides, AMiddleRunCarriesOnTheMotionBeyondItsNeighbour)
