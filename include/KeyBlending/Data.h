@@ -6,6 +6,7 @@
 #include "KeyBlending/ValueOffset.h"
 #include "KeyBlending/ValueOffsetStagger.h"
 #include "KeyBlending/WorldSpace.h"
+#include "Snapshot/Manager.h"
 
 #include <maya/MAnimCurveChange.h>
 #include <maya/MTime.h>
@@ -60,6 +61,8 @@ private:
     GapSmoother fGapSmoother;
     ValueOffset fValueOffset;
     ValueOffsetStagger fValueOffsetStagger;
+    Snapshot::Manager fDefaults;
+    Snapshot::Manager fScaleDefaults;
     // Connect To Neighbors: whether the first movement of the drag has
     // chosen the side that lone keys widen to.
     bool fConnectSideChosen = false;

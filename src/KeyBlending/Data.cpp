@@ -112,6 +112,12 @@ void Data::collect(const MSelectionList& selection)
     case 8:
         preparePullPush(nodes());
         break;
+    case 9:
+        prepareDefaults(nodes(), fDefaults);
+        break;
+    case 11:
+        prepareDefaults(nodes(), fScaleDefaults);
+        break;
     case 12:
         fScaleAverage.prepare(nodes());
         break;
@@ -172,8 +178,14 @@ void Data::blend(double x)
     case 8:
         pullPush(nodes(), x, &fChange);
         break;
+    case 9:
+        blendToDefault(nodes(), x, &fChange);
+        break;
     case 10:
         ease(nodes(), x, &fChange);
+        break;
+    case 11:
+        scaleFromDefault(nodes(), x, &fChange);
         break;
     case 12:
         fScaleAverage.blend(x, &fChange);

@@ -3,6 +3,8 @@
 #include <maya/MFnPlugin.h>
 
 #include "KeyBlending/Registration.h"
+#include "ResetPose/Registration.h"
+#include "Snapshot/Registration.h"
 #include "Tangent/Registration.h"
 #include "TangentBlending/Registration.h"
 #include "Utils/Nodes/SceneId/Registration.h"
@@ -30,6 +32,10 @@ PLUGIN_EXPORT MStatus initializePlugin(MObject obj)
         return status;
     if (!(status = TangentBlending::registerCommand(plugin)))
         return status;
+    if (!(status = Snapshot::registerCommand(plugin)))
+        return status;
+    if (!(status = ResetPose::registerCommand(plugin)))
+        return status;
     if (!(status = SceneId::registerNode(plugin)))
         return status;
     if (!(status = Tangent::registerCommand(plugin)))
@@ -45,6 +51,10 @@ PLUGIN_EXPORT MStatus uninitializePlugin(MObject obj)
     if (!(status = Tangent::deregisterCommand(plugin)))
         return status;
     if (!(status = SceneId::deregisterNode(plugin)))
+        return status;
+    if (!(status = ResetPose::deregisterCommand(plugin)))
+        return status;
+    if (!(status = Snapshot::deregisterCommand(plugin)))
         return status;
     if (!(status = TangentBlending::deregisterCommand(plugin)))
         return status;

@@ -34,7 +34,8 @@ TEST_F(PluginLoad, RegistersTheCommandsInOrder)
     ASSERT_TRUE(MGlobal::executeCommand("unloadPlugin orvane"));
     mayasim::host::clearRegistrations();
     ASSERT_TRUE(mayasim::host::loadLinkedPlugin("orvane", initializePlugin, uninitializePlugin));
-    EXPECT_THAT(registeredCommands(), ::testing::ElementsAre("OVKeyBlending", "OVTangentBlending", "OVTangent"));
+    EXPECT_THAT(registeredCommands(),
+                ::testing::ElementsAre("OVKeyBlending", "OVTangentBlending", "OVSnapshot", "OVResetPose", "OVTangent"));
 }
 
 TEST_F(PluginLoad, FailedRegistrationStopsTheLoadWithOneReport)
