@@ -2,7 +2,9 @@
 // flags and the channel box, the keys manner, and one undo step each time.
 #include "PoseTest.h"
 
+#include <maya/MAngle.h>
 #include <maya/MFnAnimCurve.h>
+#include <maya/MFnUnitAttribute.h>
 #include <mayasim/Host.h>
 
 #include <gmock/gmock.h>
@@ -87,6 +89,20 @@ TEST_F(ResetPoseCmd, AChannelWithoutEntryFallsBackToItsDefault)
     ASSERT_TRUE(mel("OVResetPose obj"));
     EXPECT_EQ(value("obj.tx"), 4.0);
     EXPECT_EQ(value("obj.weight"), 0.25);
+}
+
+TEST_F(ResetPoseCmd, AttributeDefaultsAreTakenInUiUnitsAndWrittenAsTheyAre)
+{
+    ASSERT_TRUE(mel("addAttr -ln swing -at doubleAngle -dv 90 -k true obj; setAttr obj.swing 10"));
+    MSelectionList list;
+    MPlug swing;
+    ASSERT_TRUE(list.add("obj.swing") && list.getPlug(0, swing));
+    MAngle angle;
+    ASSERT_TRUE(MFnUnitAttribute(swing.attribute()).getDefault(angle));
+    ASSERT_NE(angle.asDegrees(), angle.asRadians());
+    ASSERT_TRUE(mel("OVResetPose obj"));
+    // The number in degrees lands in the plug's internal unit, radians.
+    EXPECT_DOUBLE_EQ(value("obj.swing"), angle.asDegrees());
 }
 
 TEST_F(ResetPoseCmd, FlagsPickChannelsByName)
