@@ -18,12 +18,13 @@ using CollectAnimation::PlugKeys;
 namespace {
 
 using InfinityObject = ObjectRecord<InfinityFrame>;
+using KeyIterator = std::vector<KeyInfo>::const_iterator;
 
 // One record per key of the run and side, unless one has the same times.
-void addFrames(InfinityObject& object, const KeyInfo* first, const KeyInfo* end, const MTime& nearTime,
+void addFrames(InfinityObject& object, KeyIterator first, KeyIterator end, const MTime& nearTime,
                const MTime& farTime)
 {
-    for (const KeyInfo* key = first; key != end; ++key) {
+    for (KeyIterator key = first; key != end; ++key) {
         const bool known = std::any_of(object.frames.begin(), object.frames.end(), [&](const InfinityFrame& frame) {
             return frame.time == key->time && frame.nearTime == nearTime && frame.farTime == farTime;
         });
@@ -56,10 +57,12 @@ void addCurveFrames(InfinityObject& object, const CurveKeys& curve)
         const unsigned int last = keys[end - 1].index;
         if (last + 1 < count) {
             const MTime nearTime = fn.time(last + 1);
-            addFrames(object, &keys[start], &keys[0] + end, nearTime, last + 2 < count ? fn.time(last + 2) : nearTime);
+            addFrames(object, keys.begin() + start, keys.begin() + end, nearTime,
+                      last + 2 < count ? fn.time(last + 2) : nearTime);
         }
         const MTime nearTime = fn.time(first > 0 ? first - 1 : 0);
-        addFrames(object, &keys[start], &keys[0] + end, nearTime, first >= 2 ? fn.time(first - 2) : nearTime);
+        addFrames(object, keys.begin() + start, keys.begin() + end, nearTime,
+                  first >= 2 ? fn.time(first - 2) : nearTime);
         start = end;
     }
 }
@@ -97,7 +100,7 @@ void InfinityWorldSpace::prepare(NodeKeysList& nodes)
         InfinityObject object(node);
         for (PlugKeys& plug : node.plugs)
             for (CurveKeys& curve : plug.curves)
-                if (isTranslationCurve(curve.curve) || isRotationCurve(curve.curve) || isScaleCurve(curve.curve))
+                if (isTransformCurve(curve.curve))
                     addCurveFrames(object, curve);
         if (!object.frames.empty())
             object.space = readObjectSpace(object.reader);
