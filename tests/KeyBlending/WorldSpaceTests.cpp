@@ -125,6 +125,16 @@ TEST_F(WorldSpaceBlends, RotationsTurnAlongTheShortestArc)
     EXPECT_THAT(blendedAt(WorldSpace, 0, curves, 1), Not(near({45, 0, 45})));
 }
 
+TEST_F(WorldSpaceBlends, ATurnAcrossTheHalfTurnGoesTheShortWay)
+{
+    ASSERT_TRUE(mel("createNode transform -n obj"));
+    keyPlug("obj.rz", {{1, 170}, {5, 0}, {9, -170}});
+    pickKeys("obj", {"rotateZ"}, {1});
+    // 20 degrees through the half turn, not 340 back through 0.
+    EXPECT_NEAR(std::fabs(blendedAt(WorldSpace, 0, {"obj_rotateZ"}, 1)[0]), 180, tolerance);
+    EXPECT_NEAR(blendedAt(WorldSpace, -0.5, {"obj_rotateZ"}, 1)[0], 175, tolerance);
+}
+
 TEST_F(WorldSpaceBlends, AMovingParentIsCancelledAtTheKeysOwnTime)
 {
     ASSERT_TRUE(mel("createNode transform -n parent"));
