@@ -148,19 +148,15 @@ void connectToNeighbors(NodeKeysList& nodes, double x, MAnimCurveChange* change,
             widenLoneKey(curve, x);
         MFnAnimCurve fn(curve.curve);
         const std::vector<KeyInfo>& keys = curve.keys;
-        size_t runStart = 0;
-        for (size_t k = 1; k <= keys.size(); ++k) {
-            if (k < keys.size() && keys[k].leftTime == keys[k - 1].leftTime)
-                continue;
-            // The run [runStart, k) moves as a block until its edge meets the neighbour.
-            const KeyInfo& first = keys[runStart];
-            const KeyInfo& last = keys[k - 1];
+        // Each run moves as a block until its edge meets the neighbour.
+        forEachRun(keys, [&](size_t start, size_t end) {
+            const KeyInfo& first = keys[start];
+            const KeyInfo& last = keys[end - 1];
             const double offset = x > 0.0 ? (last.rightValue - last.value) * x
                                            : (first.leftValue - first.value) * std::fabs(x);
-            for (size_t j = runStart; j < k; ++j)
+            for (size_t j = start; j < end; ++j)
                 fn.setValue(keys[j].index, keys[j].value + offset, change);
-            runStart = k;
-        }
+        });
     });
 }
 
