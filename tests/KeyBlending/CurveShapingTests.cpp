@@ -3,11 +3,10 @@
 // step per command or drag.
 #include "PluginTest.h"
 
+#include "BlendTest.h"
 #include "SliderDrag.h"
 
-#include <maya/MAnimMessage.h>
 #include <maya/MGlobal.h>
-#include <maya/MObjectArray.h>
 #include <mayasim/Host.h>
 
 #include <gmock/gmock.h>
@@ -21,53 +20,13 @@ namespace {
 
 enum BlendType { Infinity = 3, NoiseWave = 17, SmoothRough = 18, GapSmoother = 19, Buffer = 21 };
 
-class CurveShaping : public PluginTest
+class CurveShaping : public BlendTest<PluginTest>
 {
 protected:
     void SetUp() override
     {
-        PluginTest::SetUp();
+        BlendTest::SetUp();
         ASSERT_TRUE(mel("createNode transform -n obj"));
-    }
-
-    static void pickKeys(const std::string& curve, const std::vector<unsigned int>& indices)
-    {
-        ASSERT_TRUE(mayasim::host::selectKeys(curve, indices));
-        ASSERT_TRUE(mel("select -add obj"));
-        mayasim::host::clearOutput();
-    }
-
-    static std::string command(int type, double x)
-    {
-        return "OVKeyBlending -bt " + std::to_string(type) + " -bv " + std::to_string(x);
-    }
-
-    // The curve's keys after one command; then undo, which must give back the
-    // scene as it was, and redo, which must give the blend again; then undo.
-    static std::vector<double> blended(int type, double x, const std::string& curve = "obj_translateX")
-    {
-        const std::string before = sceneText();
-        EXPECT_TRUE(mel(command(type, x)));
-        const std::vector<double> values = keyValues(curve);
-        const std::string after = sceneText();
-        EXPECT_TRUE(mel("undo"));
-        EXPECT_EQ(sceneText(), before) << command(type, x);
-        EXPECT_TRUE(mel("redo"));
-        EXPECT_EQ(sceneText(), after) << command(type, x);
-        EXPECT_TRUE(mel("undo"));
-        return values;
-    }
-
-    // Curves one command edits, as Maya's curve-edited message tells.
-    static unsigned int curvesEditedBy(const std::string& text)
-    {
-        unsigned int edited = 0;
-        const MCallbackId id = MAnimMessage::addAnimCurveEditedCallback(
-            [](MObjectArray& curves, void* count) { *static_cast<unsigned int*>(count) += curves.length(); },
-            &edited);
-        EXPECT_TRUE(mel(text));
-        MMessage::removeCallback(id);
-        return edited;
     }
 
     // A slider drag through the given positions; the curve after each, and a
@@ -75,22 +34,16 @@ protected:
     static std::vector<std::vector<double>> dragged(int type, const std::vector<double>& xs,
                                                     const std::string& curve = "obj_translateX")
     {
-        const std::string before = sceneText();
         std::vector<std::vector<double>> steps;
-        KeyBlending::Data* data = pressSlider(type);
-        EXPECT_NE(data, nullptr);
-        if (!data)
-            return steps;
-        for (double x : xs) {
-            data->blend(x);
-            steps.push_back(keyValues(curve));
-        }
-        releaseSlider(*data);
-        const std::string after = sceneText();
-        EXPECT_TRUE(mel("undo"));
-        EXPECT_EQ(sceneText(), before);
-        EXPECT_TRUE(mel("redo"));
-        EXPECT_EQ(sceneText(), after);
+        expectOneUndoStep([&] {
+            KeyBlending::Data* data = pressSlider(type);
+            ASSERT_NE(data, nullptr);
+            for (double x : xs) {
+                data->blend(x);
+                steps.push_back(keyValues(curve));
+            }
+            releaseSlider(*data);
+        });
         EXPECT_TRUE(mel("undo"));
         return steps;
     }
@@ -136,7 +89,7 @@ TEST_F(InfinityBlend, RunAtTheStartTakesAFlatLineAtTheFirstKey)
 TEST_F(InfinityBlend, RunAtTheEndHasNothingAfterIt)
 {
     pickKeys("obj_translateX", {7});
-    EXPECT_EQ(curvesEditedBy(command(Infinity, -1)), 0u);
+    EXPECT_EQ(curvesEditedBy(blendCommand(Infinity, -1)), 0u);
     EXPECT_THAT(keyValues("obj_translateX"), ElementsAre(0, 10, 25, 30, 40, 50, 70, 80));
     // One key before the end: flat at the last key.
     mayasim::host::clearKeySelection();
@@ -194,7 +147,7 @@ TEST_F(NoiseWaveBlend, AFlatCurveTakesARangeOfOne)
 TEST_F(NoiseWaveBlend, AtRestNothingIsWritten)
 {
     pickKeys("obj_translateX", {1, 2, 3});
-    EXPECT_EQ(curvesEditedBy(command(NoiseWave, 0)), 0u);
+    EXPECT_EQ(curvesEditedBy(blendCommand(NoiseWave, 0)), 0u);
     // In a drag the keys keep what the last step wrote.
     const auto steps = dragged(NoiseWave, {0.5, 0});
     EXPECT_EQ(steps[1], steps[0]);
@@ -257,7 +210,7 @@ TEST_F(SmoothRoughBlend, EndKeysCompareWithTheMiddleOfTheirOnlyNeighbour)
 TEST_F(SmoothRoughBlend, ALoneKeyHasNoLine)
 {
     pickKeys("obj_translateY", {0});
-    EXPECT_EQ(curvesEditedBy(command(SmoothRough, 1)), 0u);
+    EXPECT_EQ(curvesEditedBy(blendCommand(SmoothRough, 1)), 0u);
     EXPECT_THAT(keyValues("obj_translateY"), ElementsAre(7));
 }
 
@@ -290,7 +243,7 @@ TEST_F(GapSmootherBlend, TheJumpIsSpreadOverTheRunOnAnSCurve)
 TEST_F(GapSmootherBlend, NoJumpDominatesWhenTheNextIsAboveFourFifths)
 {
     keyRun(19.1);
-    EXPECT_EQ(curvesEditedBy(command(GapSmoother, 1)), 0u);
+    EXPECT_EQ(curvesEditedBy(blendCommand(GapSmoother, 1)), 0u);
     EXPECT_THAT(keyValues("obj_translateX"), ElementsAre(0, 1, 11, 19.1, 20));
 }
 
@@ -298,12 +251,12 @@ TEST_F(GapSmootherBlend, ARunOfOneKeyOrWithoutChangeIsLeftAlone)
 {
     keyPlug("obj.tx", {{1, 0}, {2, 9}, {3, 0}});
     pickKeys("obj_translateX", {1});
-    EXPECT_EQ(curvesEditedBy(command(GapSmoother, 1)), 0u);
+    EXPECT_EQ(curvesEditedBy(blendCommand(GapSmoother, 1)), 0u);
     // Keys 0 and 1 of a curve that ends where it starts: no change to spread.
     keyPlug("obj.ty", {{1, 3}, {2, 8}, {3, 3}, {4, 3}});
     mayasim::host::clearKeySelection();
     pickKeys("obj_translateY", {1, 2});
-    EXPECT_EQ(curvesEditedBy(command(GapSmoother, 1)), 0u);
+    EXPECT_EQ(curvesEditedBy(blendCommand(GapSmoother, 1)), 0u);
 }
 
 // --- Buffer ------------------------------------------------------------------

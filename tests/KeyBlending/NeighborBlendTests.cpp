@@ -2,13 +2,11 @@
 // end to end: each blend at the ends of the slider, at rest and beyond.
 #include "PluginTest.h"
 
+#include "BlendTest.h"
 #include "SliderDrag.h"
 
-#include <maya/MAnimMessage.h>
 #include <maya/MFnAnimCurve.h>
 #include <maya/MGlobal.h>
-#include <maya/MObjectArray.h>
-#include <maya/MSelectionList.h>
 #include <mayasim/Host.h>
 
 #include <gmock/gmock.h>
@@ -22,67 +20,24 @@ namespace {
 
 enum BlendType { Neighbors = 1, Frame = 2, PullPush = 8, Ease = 10, ConnectToNeighbors = 20, BlendToEase = 24 };
 
-class NeighborBlends : public PluginTest
+class NeighborBlends : public BlendTest<PluginTest>
 {
 protected:
     void SetUp() override
     {
-        PluginTest::SetUp();
+        BlendTest::SetUp();
         ASSERT_TRUE(mel("createNode transform -n obj"));
         // Frames 1..8; key 2 (frame 3) lies off the line of its neighbours.
         keyPlug("obj.tx", {{1, 0}, {2, 10}, {3, 25}, {4, 30}, {5, 40}, {6, 50}, {7, 60}, {8, 80}});
         mayasim::host::clearOutput();
     }
 
-    static void pickKeys(const std::vector<unsigned int>& indices)
-    {
-        ASSERT_TRUE(mayasim::host::selectKeys("obj_translateX", indices));
-        ASSERT_TRUE(mel("select -add obj"));
-    }
-
-    // The keys after one command; then undo, which must give back the scene
-    // as it was, and redo, which must give the blend again.
-    static std::vector<double> blended(int type, double x, const std::string& flags = "")
-    {
-        const std::string before = sceneText();
-        const std::string command = "OVKeyBlending -bt " + std::to_string(type) + " -bv " + std::to_string(x) + " "
-                                    + flags;
-        EXPECT_TRUE(mel(command)) << command;
-        const std::vector<double> values = keyValues("obj_translateX");
-        const std::string after = sceneText();
-        EXPECT_TRUE(mel("undo"));
-        EXPECT_EQ(sceneText(), before) << command;
-        EXPECT_TRUE(mel("redo"));
-        EXPECT_EQ(sceneText(), after) << command;
-        EXPECT_TRUE(mel("undo"));
-        return values;
-    }
-
-    // Curves edited by one command, as Maya's curve-edited message tells.
-    static unsigned int curvesEditedBy(const std::string& command)
-    {
-        unsigned int edited = 0;
-        const MCallbackId id = MAnimMessage::addAnimCurveEditedCallback(
-            [](MObjectArray& curves, void* count) { *static_cast<unsigned int*>(count) += curves.length(); },
-            &edited);
-        EXPECT_TRUE(mel(command));
-        MMessage::removeCallback(id);
-        return edited;
-    }
-
-    static MFnAnimCurve curveFn()
-    {
-        MSelectionList list;
-        list.add("obj_translateX");
-        MObject curve;
-        list.getDependNode(0, curve);
-        return MFnAnimCurve(curve);
-    }
+    static MFnAnimCurve curveFn() { return MFnAnimCurve(nodeNamed("obj_translateX")); }
 };
 
 TEST_F(NeighborBlends, NeighborsKeepTheKeyAtRestAndOvershootInALine)
 {
-    pickKeys({3});
+    pickKeys("obj_translateX", {3});
     EXPECT_EQ(blended(Neighbors, -1)[3], 25);
     EXPECT_EQ(blended(Neighbors, -0.5)[3], 27.5);
     EXPECT_EQ(blended(Neighbors, 0)[3], 30);
@@ -106,18 +61,18 @@ TEST_F(NeighborBlends, NeighborsOnSeveralObjectsAndRuns)
 
 TEST_F(NeighborBlends, FrameTakesItsNeighboursFromTheFrameTimes)
 {
-    pickKeys({3});
-    EXPECT_EQ(blended(Frame, -1, "-ft 2 6")[3], 10);
-    EXPECT_EQ(blended(Frame, 0.5, "-ft 2 6")[3], 40);
-    EXPECT_EQ(blended(Frame, 1, "-ft 2 6")[3], 50);
-    EXPECT_EQ(blended(Frame, 0, "-ft 2 6")[3], 30);
+    pickKeys("obj_translateX", {3});
+    EXPECT_EQ(blended(Frame, -1, "obj_translateX", "-ft 2 6")[3], 10);
+    EXPECT_EQ(blended(Frame, 0.5, "obj_translateX", "-ft 2 6")[3], 40);
+    EXPECT_EQ(blended(Frame, 1, "obj_translateX", "-ft 2 6")[3], 50);
+    EXPECT_EQ(blended(Frame, 0, "obj_translateX", "-ft 2 6")[3], 30);
     // Beyond the last key the curve holds its value (constant infinity).
-    EXPECT_EQ(blended(Frame, 2, "-ft 2 20")[3], 130);
+    EXPECT_EQ(blended(Frame, 2, "obj_translateX", "-ft 2 20")[3], 130);
 }
 
 TEST_F(NeighborBlends, FrameWithoutTimesUsesThePlaybackRangeAtConstruction)
 {
-    pickKeys({3});
+    pickKeys("obj_translateX", {3});
     // The playback range 1..120: the first key and the held last value.
     EXPECT_EQ(blended(Frame, -1)[3], 0);
     EXPECT_EQ(blended(Frame, 1)[3], 80);
@@ -125,13 +80,13 @@ TEST_F(NeighborBlends, FrameWithoutTimesUsesThePlaybackRangeAtConstruction)
     EXPECT_EQ(blended(Frame, -1)[3], 25);
     EXPECT_EQ(blended(Frame, 1)[3], 60);
     // Frame times given to another type change nothing.
-    EXPECT_EQ(blended(Neighbors, 1, "-ft 2 6")[3], 40);
+    EXPECT_EQ(blended(Neighbors, 1, "obj_translateX", "-ft 2 6")[3], 40);
 }
 
 TEST_F(NeighborBlends, EaseLaysTheRunOnAnEasedCurveBetweenItsNeighbours)
 {
     // Frames 3..5 between frame 2 (10) and frame 6 (50): u = 1/4, 1/2, 3/4.
-    pickKeys({2, 3, 4});
+    pickKeys("obj_translateX", {2, 3, 4});
     const auto easeOut = [](double u, double p) { return 40 * (1 - std::pow(1 - u, p)) + 10; };
     const auto easeIn = [](double u, double p) { return 40 * std::pow(u, p) + 10; };
     EXPECT_THAT(blended(Ease, 1), ElementsAre(0, 10, DoubleNear(easeOut(0.25, 10), 1e-9),
@@ -146,7 +101,7 @@ TEST_F(NeighborBlends, EaseLaysTheRunOnAnEasedCurveBetweenItsNeighbours)
 
 TEST_F(NeighborBlends, EaseJumpsOntoTheNeighbourLineAtOneThousandth)
 {
-    pickKeys({2, 3, 4});
+    pickKeys("obj_translateX", {2, 3, 4});
     EXPECT_THAT(blended(Ease, 0.0009), ElementsAre(0, 10, 25, 30, 40, 50, 60, 80));
     EXPECT_THAT(blended(Ease, -0.0009), ElementsAre(0, 10, 25, 30, 40, 50, 60, 80));
     // At 0.001 the exponent is just above 1: nearly the straight line.
@@ -160,13 +115,13 @@ TEST_F(NeighborBlends, EaseJumpsOntoTheNeighbourLineAtOneThousandth)
 TEST_F(NeighborBlends, EaseAtTheFirstKeyKeepsItsOwnValueAsLeftNeighbour)
 {
     // Keys 0, 1 between key 0 itself (0) and key 2 (25, frame 3): u = 0, 1/2.
-    pickKeys({0, 1});
+    pickKeys("obj_translateX", {0, 1});
     EXPECT_THAT(blended(Ease, -1), ElementsAre(0, DoubleNear(25 * std::pow(0.5, 10), 1e-12), 25, 30, 40, 50, 60, 80));
 }
 
 TEST_F(NeighborBlends, BlendToEaseBendsTowardTheNeighbourItApproaches)
 {
-    pickKeys({2, 3, 4});
+    pickKeys("obj_translateX", {2, 3, 4});
     const auto towardRight = [](double u, double v, double p) { return std::pow(1 - u, p) * (v - 50) + 50; };
     const auto towardLeft = [](double u, double v, double p) { return std::pow(u, p) * (v - 10) + 10; };
     EXPECT_THAT(blended(BlendToEase, 1), ElementsAre(0, 10, DoubleNear(towardRight(0.25, 25, 10), 1e-9),
@@ -185,7 +140,7 @@ TEST_F(NeighborBlends, BlendToEaseScalesFixedTangentWeightsOnly)
     double inWeight = 0, outWeight = 0;
     ASSERT_TRUE(curveFn().getTangent(3, inAngle, inWeight, true));
     ASSERT_TRUE(curveFn().getTangent(3, outAngle, outWeight, false));
-    pickKeys({3});
+    pickKeys("obj_translateX", {3});
     ASSERT_TRUE(mel("OVKeyBlending -bt 24 -bv 0.5"));
 
     // p = 5, u = 1/2: r = 1/32 of the way left to the right neighbour (40).
@@ -205,8 +160,7 @@ TEST_F(NeighborBlends, BlendToEaseScalesFixedTangentWeightsOnly)
 TEST_F(NeighborBlends, BlendToEaseOnASingleKeyCurveWritesNothing)
 {
     keyPlug("obj.ty", {{4, 5}});
-    ASSERT_TRUE(mayasim::host::selectKeys("obj_translateY", {0}));
-    ASSERT_TRUE(mel("select -add obj"));
+    pickKeys("obj_translateY", {0});
     EXPECT_EQ(curvesEditedBy("OVKeyBlending -bt 24 -bv 1"), 0u);
     EXPECT_EQ(curvesEditedBy("OVKeyBlending -bt 24 -bv -1"), 0u);
     // The same selection with a blend that writes is seen.
@@ -216,7 +170,7 @@ TEST_F(NeighborBlends, BlendToEaseOnASingleKeyCurveWritesNothing)
 TEST_F(NeighborBlends, ConnectToNeighborsMovesARunAsABlock)
 {
     // Keys 2, 3 (25, 30) between 10 and 40.
-    pickKeys({2, 3});
+    pickKeys("obj_translateX", {2, 3});
     EXPECT_THAT(blended(ConnectToNeighbors, 1), ElementsAre(0, 10, 35, 40, 40, 50, 60, 80));
     EXPECT_THAT(blended(ConnectToNeighbors, -1), ElementsAre(0, 10, 10, 15, 40, 50, 60, 80));
     EXPECT_THAT(blended(ConnectToNeighbors, 2), ElementsAre(0, 10, 45, 50, 40, 50, 60, 80));
@@ -225,7 +179,7 @@ TEST_F(NeighborBlends, ConnectToNeighborsMovesARunAsABlock)
 
 TEST_F(NeighborBlends, ConnectToNeighborsCarriesALoneKeysFarSide)
 {
-    pickKeys({3});
+    pickKeys("obj_translateX", {3});
     // Toward the left neighbour all later keys come along, the left one (25) holding.
     EXPECT_THAT(blended(ConnectToNeighbors, -0.5), ElementsAre(0, 10, 25, 27.5, 37.5, 47.5, 57.5, 77.5));
     // Toward the right one all earlier keys, up to the right neighbour (40).
@@ -234,7 +188,7 @@ TEST_F(NeighborBlends, ConnectToNeighborsCarriesALoneKeysFarSide)
 
 TEST_F(NeighborBlends, ConnectToNeighborsKeepsTheSideOfTheFirstMovement)
 {
-    pickKeys({3});
+    pickKeys("obj_translateX", {3});
     const std::string before = sceneText();
     KeyBlending::Data* data = pressSlider(ConnectToNeighbors);
     ASSERT_NE(data, nullptr);
@@ -256,7 +210,7 @@ TEST_F(NeighborBlends, ConnectToNeighborsKeepsTheSideOfTheFirstMovement)
 TEST_F(NeighborBlends, PullPushMovesKeysOffTheNeighbourLine)
 {
     // Key 2 (25) against the line through 10 and 30: 20.
-    pickKeys({2});
+    pickKeys("obj_translateX", {2});
     EXPECT_EQ(blended(PullPush, -1)[2], 20);
     EXPECT_EQ(blended(PullPush, -0.5)[2], 22.5);
     EXPECT_EQ(blended(PullPush, 0)[2], 25);
@@ -269,7 +223,7 @@ TEST_F(NeighborBlends, PullPushExtendsARunAtTheEndOfTheCurve)
 {
     // Keys 6, 7 (60, 80) after key 5 (50): the run is read as if a key
     // followed at frame 9, so the line runs from frame 6 to frame 9.
-    pickKeys({6, 7});
+    pickKeys("obj_translateX", {6, 7});
     // Key 6 lies on that line and stays; key 7 goes to 70 on it.
     EXPECT_THAT(blended(PullPush, -1), ElementsAre(0, 10, 25, 30, 40, 50, DoubleNear(60, 1e-9), 70));
     EXPECT_THAT(blended(PullPush, 1), ElementsAre(0, 10, 25, 30, 40, 50, DoubleNear(60, 1e-9), 85));
@@ -278,8 +232,7 @@ TEST_F(NeighborBlends, PullPushExtendsARunAtTheEndOfTheCurve)
 TEST_F(NeighborBlends, PullPushOnCollinearKeysWritesNothing)
 {
     keyPlug("obj.ty", {{1, 0}, {2, 5}, {3, 10}});
-    ASSERT_TRUE(mayasim::host::selectKeys("obj_translateY", {1}));
-    ASSERT_TRUE(mel("select -add obj"));
+    pickKeys("obj_translateY", {1});
     EXPECT_EQ(curvesEditedBy("OVKeyBlending -bt 8 -bv -1"), 0u);
     EXPECT_EQ(curvesEditedBy("OVKeyBlending -bt 8 -bv 1"), 0u);
     EXPECT_THAT(keyValues("obj_translateY"), ElementsAre(0, 5, 10));

@@ -3,6 +3,7 @@
 // step per command and per drag.
 #include "DataFolderTest.h"
 
+#include "BlendTest.h"
 #include "SliderDrag.h"
 
 #include <mayasim/Host.h>
@@ -24,41 +25,16 @@ enum BlendType {
 };
 
 // The data folder is a throwaway one: Default reads the stored poses.
-class ScaleBlends : public DataFolderTest
+class ScaleBlends : public BlendTest<DataFolderTest>
 {
 protected:
     void SetUp() override
     {
-        DataFolderTest::SetUp();
+        BlendTest::SetUp();
         scriptsDir();
         ASSERT_TRUE(mel("createNode transform -n obj"));
         keyPlug("obj.tx", {{1, 0}, {2, 10}, {3, 40}, {4, 20}, {5, 30}});
         mayasim::host::clearOutput();
-    }
-
-    static void pickKeys(const std::string& curve, const std::vector<unsigned int>& indices)
-    {
-        ASSERT_TRUE(mayasim::host::selectKeys(curve, indices));
-        ASSERT_TRUE(mel("select -add obj"));
-    }
-
-    // The curve's keys after one command; undo and redo must each restore
-    // the whole scene, and the command is undone again before returning.
-    static std::vector<double> blended(int type, double x, const std::string& curve = "obj_translateX",
-                                       const std::string& flags = "")
-    {
-        const std::string before = sceneText();
-        const std::string command = "OVKeyBlending -bt " + std::to_string(type) + " -bv " + std::to_string(x) + " "
-                                    + flags;
-        EXPECT_TRUE(mel(command)) << command;
-        const std::vector<double> values = keyValues(curve);
-        const std::string after = sceneText();
-        EXPECT_TRUE(mel("undo"));
-        EXPECT_EQ(sceneText(), before) << command;
-        EXPECT_TRUE(mel("redo"));
-        EXPECT_EQ(sceneText(), after) << command;
-        EXPECT_TRUE(mel("undo"));
-        return values;
     }
 };
 
@@ -99,30 +75,25 @@ TEST_F(ScaleBlends, ScaleFromFrameTakesItsPivotFromTheSideOfX)
 TEST_F(ScaleBlends, ScaleFromFrameDragStaysContinuousAcrossZero)
 {
     pickKeys("obj_translateX", {2});
-    const std::string before = sceneText();
-    ASSERT_TRUE(MGlobal::executeCommand("OVKeyBlending -internal", false, true));
-    KeyBlending::Data* data = KeyBlending::activeData;
-    ASSERT_NE(data, nullptr);
-    MSelectionList selection;
-    MGlobal::getActiveSelectionList(selection);
-    data->setBlendType(ScaleFromFrame);
-    data->setFrameTimes(1, 5);
-    data->collect(selection);
-    data->blend(-0.01);
-    EXPECT_THAT(keyValues("obj_translateX")[2], DoubleNear(39.6, 1e-9));
-    data->blend(0.0);
-    EXPECT_EQ(keyValues("obj_translateX")[2], 40);
-    data->blend(0.01);
-    EXPECT_THAT(keyValues("obj_translateX")[2], DoubleNear(40.1, 1e-9));
-    data->blend(1.0);
-    releaseSlider(*data);
-    EXPECT_EQ(keyValues("obj_translateX")[2], 50);
-    const std::string after = sceneText();
-
-    ASSERT_TRUE(mel("undo"));
-    EXPECT_EQ(sceneText(), before);
-    ASSERT_TRUE(mel("redo"));
-    EXPECT_EQ(sceneText(), after);
+    expectOneUndoStep([] {
+        ASSERT_TRUE(MGlobal::executeCommand("OVKeyBlending -internal", false, true));
+        KeyBlending::Data* data = KeyBlending::activeData;
+        ASSERT_NE(data, nullptr);
+        MSelectionList selection;
+        MGlobal::getActiveSelectionList(selection);
+        data->setBlendType(ScaleFromFrame);
+        data->setFrameTimes(1, 5);
+        data->collect(selection);
+        data->blend(-0.01);
+        EXPECT_THAT(keyValues("obj_translateX")[2], DoubleNear(39.6, 1e-9));
+        data->blend(0.0);
+        EXPECT_EQ(keyValues("obj_translateX")[2], 40);
+        data->blend(0.01);
+        EXPECT_THAT(keyValues("obj_translateX")[2], DoubleNear(40.1, 1e-9));
+        data->blend(1.0);
+        releaseSlider(*data);
+        EXPECT_EQ(keyValues("obj_translateX")[2], 50);
+    });
 }
 
 TEST_F(ScaleBlends, ScaleFromNeighboursPivotOnTheRunsNeighbours)
@@ -176,8 +147,7 @@ TEST_F(ScaleBlends, DefaultSkipsAPlugWithoutAnyDefault)
     ASSERT_TRUE(mel("addAttr -ln level -at byte -k true obj"));
     keyPlug("obj.level", {{1, 5}, {3, 9}});
     pickKeys("obj_translateX", {2});
-    ASSERT_TRUE(mayasim::host::selectKeys("obj_level", {1}));
-    ASSERT_TRUE(mel("select -add obj"));
+    pickKeys("obj_level", {1});
     for (double x : {-1.0, 0.5, 1.0}) {
         EXPECT_THAT(blended(Default, x, "obj_level"), ElementsAre(5, 9));
         EXPECT_THAT(blended(ScaleFromDefault, x, "obj_level"), ElementsAre(5, 9));
@@ -188,18 +158,14 @@ TEST_F(ScaleBlends, DefaultSkipsAPlugWithoutAnyDefault)
 TEST_F(ScaleBlends, DefaultDragIsOneUndoStep)
 {
     pickKeys("obj_translateX", {1, 2});
-    const std::string before = sceneText();
-    KeyBlending::Data* data = pressSlider(Default);
-    ASSERT_NE(data, nullptr);
-    for (double x : {0.2, 0.6, 1.0, 0.5})
-        data->blend(x);
-    releaseSlider(*data);
-    EXPECT_THAT(keyValues("obj_translateX"), ElementsAre(0, 5, 20, 20, 30));
-    const std::string after = sceneText();
-    ASSERT_TRUE(mel("undo"));
-    EXPECT_EQ(sceneText(), before);
-    ASSERT_TRUE(mel("redo"));
-    EXPECT_EQ(sceneText(), after);
+    expectOneUndoStep([] {
+        KeyBlending::Data* data = pressSlider(Default);
+        ASSERT_NE(data, nullptr);
+        for (double x : {0.2, 0.6, 1.0, 0.5})
+            data->blend(x);
+        releaseSlider(*data);
+        EXPECT_THAT(keyValues("obj_translateX"), ElementsAre(0, 5, 20, 20, 30));
+    });
 }
 
 } // namespace

@@ -2,12 +2,12 @@
 // gaps are filled and how evenly, and that a whole drag is one undo step.
 #include "PluginTest.h"
 
+#include "BlendTest.h"
 #include "SliderDrag.h"
 
 #include <maya/MFnAnimCurve.h>
 #include <maya/MFnDependencyNode.h>
 #include <maya/MGlobal.h>
-#include <maya/MSelectionList.h>
 #include <mayasim/Host.h>
 
 #include <gmock/gmock.h>
@@ -24,21 +24,12 @@ namespace {
 
 constexpr int Simplify = 16;
 
-MObject nodeNamed(const std::string& name)
-{
-    MSelectionList list;
-    list.add(name.c_str());
-    MObject node;
-    list.getDependNode(0, node);
-    return node;
-}
-
-class SimplifyBakeKeys : public PluginTest
+class SimplifyBakeKeys : public BlendTest<PluginTest>
 {
 protected:
     void SetUp() override
     {
-        PluginTest::SetUp();
+        BlendTest::SetUp();
         ASSERT_TRUE(mel("createNode transform -n obj"));
         ASSERT_TRUE(mel("select -r obj"));
         mayasim::host::clearOutput();
@@ -48,27 +39,10 @@ protected:
 
     static double curveAt(double frame) { return curveFn().evaluate(MTime(frame, MTime::uiUnit())); }
 
-    // One command on the active selection; undo must give back the scene
-    // as it was and redo the result again. The key times it leaves.
+    // The key times one command leaves; it is undone again.
     static std::vector<double> simplified(double x)
     {
-        const std::string before = sceneText();
-        const std::string command = "OVKeyBlending -bt 16 -bv " + std::to_string(x);
-        EXPECT_TRUE(mel(command)) << command;
-        const std::vector<double> times = keyTimes("obj_translateX");
-        const std::string after = sceneText();
-        EXPECT_TRUE(mel("undo"));
-        EXPECT_EQ(sceneText(), before) << command;
-        EXPECT_TRUE(mel("redo"));
-        EXPECT_EQ(sceneText(), after) << command;
-        EXPECT_TRUE(mel("undo"));
-        return times;
-    }
-
-    static void pickKeys(const std::vector<unsigned int>& indices)
-    {
-        ASSERT_TRUE(mayasim::host::selectKeys("obj_translateX", indices));
-        ASSERT_TRUE(mel("select -add obj"));
+        return readAfter(blendCommand(Simplify, x), [] { return keyTimes("obj_translateX"); });
     }
 };
 
@@ -102,22 +76,18 @@ TEST_F(SimplifyBakeKeys, DragRightAddsTheKeysOfTheNewSpacingAndUndoesAsOne)
 {
     keyPlug("obj.tx", {{1, 0}, {2, 10}, {7, 30}});
     mayasim::host::setTimeSliderHighlight(1, 7);
-    const std::string before = sceneText();
-    KeyBlending::Data* data = pressSlider(Simplify);
-    ASSERT_NE(data, nullptr);
-    data->blend(0.5);
-    EXPECT_THAT(keyTimes("obj_translateX"), ElementsAre(1, 2, 3, 5, 7));
-    data->blend(1);
-    EXPECT_THAT(keyTimes("obj_translateX"), ElementsAre(1, 2, 3, 4, 5, 6, 7));
-    // Left in the same drag: the one inner key of the run goes.
-    data->blend(-1);
-    releaseSlider(*data);
-    EXPECT_THAT(keyTimes("obj_translateX"), ElementsAre(1, 3, 4, 5, 6, 7));
-    const std::string after = sceneText();
-    ASSERT_TRUE(mel("undo"));
-    EXPECT_EQ(sceneText(), before);
-    ASSERT_TRUE(mel("redo"));
-    EXPECT_EQ(sceneText(), after);
+    expectOneUndoStep([] {
+        KeyBlending::Data* data = pressSlider(Simplify);
+        ASSERT_NE(data, nullptr);
+        data->blend(0.5);
+        EXPECT_THAT(keyTimes("obj_translateX"), ElementsAre(1, 2, 3, 5, 7));
+        data->blend(1);
+        EXPECT_THAT(keyTimes("obj_translateX"), ElementsAre(1, 2, 3, 4, 5, 6, 7));
+        // Left in the same drag: the one inner key of the run goes.
+        data->blend(-1);
+        releaseSlider(*data);
+        EXPECT_THAT(keyTimes("obj_translateX"), ElementsAre(1, 3, 4, 5, 6, 7));
+    });
 }
 
 TEST_F(SimplifyBakeKeys, CurrentFrameBetweenTwoKeysFillsTheirGapWithoutKeyingTheFrame)
@@ -165,10 +135,10 @@ TEST_F(SimplifyBakeKeys, RangeWithOneKeyOrNoneFallsBackToOneSpan)
 TEST_F(SimplifyBakeKeys, RunOfTwoPickedKeysHasNothingToRemove)
 {
     keyPlug("obj.tx", {{1, 0}, {2, 10}, {3, 25}, {4, 30}, {5, 45}, {6, 50}});
-    pickKeys({1, 2, 4});
+    pickKeys("obj_translateX", {1, 2, 4});
     EXPECT_THAT(simplified(-1), ElementsAre(1, 2, 3, 4, 5, 6));
     // Three neighbouring keys: the middle one can go, at the first step.
-    pickKeys({1, 2, 3});
+    pickKeys("obj_translateX", {1, 2, 3});
     EXPECT_THAT(simplified(-0.01), ElementsAre(1, 2, 4, 5, 6));
 }
 
@@ -176,7 +146,7 @@ TEST_F(SimplifyBakeKeys, GapsBetweenPickedKeysCountEveryKeyOfTheCurve)
 {
     keyPlug("obj.tx", {{1, 0}, {5, 10}, {9, 0}, {13, 10}, {17, 0}});
     // Frames 5 and 13 picked: the keys between them split the span in two.
-    pickKeys({1, 3});
+    pickKeys("obj_translateX", {1, 3});
     EXPECT_THAT(simplified(1), ElementsAre(1, 5, 6, 7, 8, 9, 10, 11, 12, 13, 17));
 }
 

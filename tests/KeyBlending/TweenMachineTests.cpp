@@ -2,6 +2,7 @@
 // Machine formula, the reports and the undo record.
 #include "PluginTest.h"
 
+#include "BlendTest.h"
 #include "KeyBlending/Data.h"
 
 #include <maya/MGlobal.h>
@@ -15,12 +16,12 @@ using ::testing::HasSubstr;
 
 namespace {
 
-class TweenMachine : public PluginTest
+class TweenMachine : public BlendTest<PluginTest>
 {
 protected:
     void SetUp() override
     {
-        PluginTest::SetUp();
+        BlendTest::SetUp();
         ASSERT_TRUE(mel("createNode transform -n obj"));
         // Keys at frames 1..8 with values 0, 10, 20, ... 70 on tx; ty stays flat.
         std::vector<std::pair<double, double>> keys;
@@ -35,27 +36,19 @@ protected:
 
 TEST_F(TweenMachine, SelectedKeysFormRunsThatShareTheirNeighbours)
 {
-    ASSERT_TRUE(mayasim::host::selectKeys("obj_translateX", {2, 3, 7}));
-    ASSERT_TRUE(mel("select -add obj"));
-    const std::string before = sceneText();
-
-    ASSERT_TRUE(mel("OVKeyBlending -bt 0 -bv 0"));
-    // Keys 2 and 3 go to the mean of keys 1 and 4; key 7, the last, is its
-    // own right neighbour and goes halfway from key 6.
-    EXPECT_THAT(keyValues("obj_translateX"), ElementsAre(0, 10, 25, 25, 40, 50, 60, 65));
-    EXPECT_THAT(keyValues("obj_translateY"), ElementsAre(5, 5));
-    const std::string after = sceneText();
-
-    ASSERT_TRUE(mel("undo"));
-    EXPECT_EQ(sceneText(), before);
-    ASSERT_TRUE(mel("redo"));
-    EXPECT_EQ(sceneText(), after);
+    pickKeys("obj_translateX", {2, 3, 7});
+    expectOneUndoStep([] {
+        ASSERT_TRUE(mel("OVKeyBlending -bt 0 -bv 0"));
+        // Keys 2 and 3 go to the mean of keys 1 and 4; key 7, the last, is its
+        // own right neighbour and goes halfway from key 6.
+        EXPECT_THAT(keyValues("obj_translateX"), ElementsAre(0, 10, 25, 25, 40, 50, 60, 65));
+        EXPECT_THAT(keyValues("obj_translateY"), ElementsAre(5, 5));
+    });
 }
 
 TEST_F(TweenMachine, ExtremesGiveTheNeighboursAndOvershootIsLinear)
 {
-    ASSERT_TRUE(mayasim::host::selectKeys("obj_translateX", {3}));
-    ASSERT_TRUE(mel("select -add obj"));
+    pickKeys("obj_translateX", {3});
     ASSERT_TRUE(mel("OVKeyBlending -bt 0 -bv -1"));
     EXPECT_EQ(keyValues("obj_translateX")[3], 20);
     ASSERT_TRUE(mel("OVKeyBlending -bt 0 -bv 1"));
@@ -66,8 +59,7 @@ TEST_F(TweenMachine, ExtremesGiveTheNeighboursAndOvershootIsLinear)
 
 TEST_F(TweenMachine, FirstKeyIsItsOwnLeftNeighbour)
 {
-    ASSERT_TRUE(mayasim::host::selectKeys("obj_translateX", {0}));
-    ASSERT_TRUE(mel("select -add obj"));
+    pickKeys("obj_translateX", {0});
     ASSERT_TRUE(mel("OVKeyBlending -bt 0 -bv -1"));
     EXPECT_EQ(keyValues("obj_translateX")[0], 0);
     ASSERT_TRUE(mel("OVKeyBlending -bt 0 -bv 1"));
@@ -125,8 +117,7 @@ TEST_F(TweenMachine, ChannelBoxHighlightRestrictsTheChannels)
 TEST_F(TweenMachine, GraphEditorCurvesTakePrecedenceOverTheHighlight)
 {
     mayasim::host::setChannelBoxHighlight(mayasim::host::ChannelBoxSection::Main, {"ty"});
-    ASSERT_TRUE(mayasim::host::selectKeys("obj_translateX", {3}));
-    ASSERT_TRUE(mel("select -add obj"));
+    pickKeys("obj_translateX", {3});
     ASSERT_TRUE(mel("OVKeyBlending -bt 0 -bv 0"));
     EXPECT_EQ(keyValues("obj_translateX")[3], 30);
     EXPECT_THAT(keyValues("obj_translateY"), ElementsAre(5, 5));

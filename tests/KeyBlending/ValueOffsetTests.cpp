@@ -7,7 +7,6 @@
 
 #include <maya/MFnAnimCurve.h>
 #include <maya/MGlobal.h>
-#include <maya/MSelectionList.h>
 #include <maya/MStringArray.h>
 #include <mayasim/Host.h>
 
@@ -113,11 +112,7 @@ TEST_F(ValueOffset, ZeroLeavesEveryValueAndALoneKeyHolds)
 TEST_F(ValueOffset, SteppedKeyTakesItsValueButKeepsItsTangents)
 {
     ASSERT_TRUE(mel("keyTangent -e -t 4 -ott step obj_translateX"));
-    MSelectionList list;
-    list.add("obj_translateX");
-    MObject curve;
-    list.getDependNode(0, curve);
-    const MFnAnimCurve fn(curve);
+    const MFnAnimCurve fn(nodeNamed("obj_translateX"));
     const MFnAnimCurve::TangentType inType = fn.inTangentType(3);
     const MFnAnimCurve::TangentType nextInType = fn.inTangentType(4);
 
@@ -145,22 +140,17 @@ TEST_F(ValueOffset, CommandLeavesNoCopyAndKeepsTheSelection)
 // queue; the drag is one undo step.
 TEST_F(ValueOffset, CopiesLiveForTheDragAlone)
 {
-    const std::string before = sceneText();
-    KeyBlending::Data* data = pressSlider(22);
-    ASSERT_NE(data, nullptr);
-    EXPECT_EQ(curveCount(), 4u);
-    EXPECT_THAT(selected(), ElementsAre("obj"));
-    for (double x : {0.4, 3.0, -2.0, 1.0})
-        data->blend(x);
-    EXPECT_THAT(keyValues("obj_translateX"), ElementsAreArray(lineShiftedBy(1)));
-    releaseSlider(*data);
-    EXPECT_EQ(curveCount(), 2u);
-    const std::string after = sceneText();
-
-    ASSERT_TRUE(mel("undo"));
-    EXPECT_EQ(sceneText(), before);
-    ASSERT_TRUE(mel("redo"));
-    EXPECT_EQ(sceneText(), after);
+    expectOneUndoStep([] {
+        KeyBlending::Data* data = pressSlider(22);
+        ASSERT_NE(data, nullptr);
+        EXPECT_EQ(curveCount(), 4u);
+        EXPECT_THAT(selected(), ElementsAre("obj"));
+        for (double x : {0.4, 3.0, -2.0, 1.0})
+            data->blend(x);
+        EXPECT_THAT(keyValues("obj_translateX"), ElementsAreArray(lineShiftedBy(1)));
+        releaseSlider(*data);
+        EXPECT_EQ(curveCount(), 2u);
+    });
 }
 
 TEST_F(ValueOffset, ReleaseWithoutAMoveLeavesTheSceneAsItWas)

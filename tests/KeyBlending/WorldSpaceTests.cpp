@@ -3,6 +3,7 @@
 // offsets, the channels that keep the plain formulas, and the undo record.
 #include "PluginTest.h"
 
+#include "BlendTest.h"
 #include "SliderDrag.h"
 
 #include <maya/MEulerRotation.h>
@@ -40,37 +41,27 @@ double angleBetween(const std::vector<double>& from, const std::vector<double>& 
     return 2.0 * std::acos(std::fmin(1.0, dot));
 }
 
-class WorldSpaceBlends : public PluginTest
+class WorldSpaceBlends : public BlendTest<PluginTest>
 {
 protected:
-    // Picks the keys of the given indices on each curve and selects the node.
-    static void pickKeys(const std::string& node, const std::vector<std::string>& curves,
-                         const std::vector<unsigned int>& indices)
+    // Picks the keys of the given indices on each of the node's channels.
+    static void pickChannelKeys(const std::string& node, const std::vector<std::string>& channels,
+                                const std::vector<unsigned int>& indices)
     {
-        for (const std::string& curve : curves)
-            ASSERT_TRUE(mayasim::host::selectKeys(node + "_" + curve, indices)) << curve;
-        ASSERT_TRUE(mel("select -add " + node));
+        for (const std::string& channel : channels)
+            pickKeys(node + "_" + channel, indices, node);
     }
 
-    // Runs one command and gives each curve's keys after it; undo must give
-    // back the scene as it was and redo the blend again.
-    static std::vector<std::vector<double>> blended(int type, double x, const std::vector<std::string>& curves,
-                                                    const std::string& flags = "")
+    // Each curve's keys after one command, which is undone again.
+    static std::vector<std::vector<double>> blendedCurves(int type, double x, const std::vector<std::string>& curves,
+                                                          const std::string& flags = "")
     {
-        const std::string before = sceneText();
-        const std::string command = "OVKeyBlending -bt " + std::to_string(type) + " -bv " + std::to_string(x) + " "
-                                    + flags;
-        EXPECT_TRUE(mel(command)) << command;
-        std::vector<std::vector<double>> values;
-        for (const std::string& curve : curves)
-            values.push_back(keyValues(curve));
-        const std::string after = sceneText();
-        EXPECT_TRUE(mel("undo"));
-        EXPECT_EQ(sceneText(), before) << command;
-        EXPECT_TRUE(mel("redo"));
-        EXPECT_EQ(sceneText(), after) << command;
-        EXPECT_TRUE(mel("undo"));
-        return values;
+        return readAfter(blendCommand(type, x, flags), [&] {
+            std::vector<std::vector<double>> values;
+            for (const std::string& curve : curves)
+                values.push_back(keyValues(curve));
+            return values;
+        });
     }
 
     // The keys of the given index on each curve, after one command.
@@ -78,7 +69,7 @@ protected:
                                          const std::string& flags = "")
     {
         std::vector<double> values;
-        for (const std::vector<double>& keys : blended(type, x, curves, flags))
+        for (const std::vector<double>& keys : blendedCurves(type, x, curves, flags))
             values.push_back(keys.at(index));
         return values;
     }
@@ -94,7 +85,7 @@ TEST_F(WorldSpaceBlends, WithoutParentOrPivotTheTranslationIsTheLerpOfTheWorldTr
     keyPlug("obj.sx", {{1, 1}, {5, 7}, {9, 3}});
     const std::vector<std::string> curves = {"obj_translateX", "obj_translateY", "obj_translateZ", "obj_rotateZ",
                                              "obj_scaleX"};
-    pickKeys("obj", {"translateX", "translateY", "translateZ", "rotateZ", "scaleX"}, {1});
+    pickChannelKeys("obj", {"translateX", "translateY", "translateZ", "rotateZ", "scaleX"}, {1});
 
     // x = 0.5 is three quarters of the way; the key's own pose plays no part.
     EXPECT_THAT(blendedAt(WorldSpace, 0.5, curves, 1), near({8, 5, 0.75, 40, 2.5}));
@@ -110,7 +101,7 @@ TEST_F(WorldSpaceBlends, RotationsTurnAlongTheShortestArc)
     keyPlug("obj.ry", {{1, 0}, {5, 0}, {9, 0}});
     keyPlug("obj.rz", {{1, 0}, {5, 0}, {9, 90}});
     const std::vector<std::string> curves = {"obj_rotateX", "obj_rotateY", "obj_rotateZ"};
-    pickKeys("obj", {"rotateX", "rotateY", "rotateZ"}, {1});
+    pickChannelKeys("obj", {"rotateX", "rotateY", "rotateZ"}, {1});
 
     const std::vector<double> left = {0, 0, 0};
     const std::vector<double> right = {90, 0, 90};
@@ -129,7 +120,7 @@ TEST_F(WorldSpaceBlends, ATurnAcrossTheHalfTurnGoesTheShortWay)
 {
     ASSERT_TRUE(mel("createNode transform -n obj"));
     keyPlug("obj.rz", {{1, 170}, {5, 0}, {9, -170}});
-    pickKeys("obj", {"rotateZ"}, {1});
+    pickChannelKeys("obj", {"rotateZ"}, {1});
     // 20 degrees through the half turn, not 340 back through 0.
     EXPECT_NEAR(std::fabs(blendedAt(WorldSpace, 0, {"obj_rotateZ"}, 1)[0]), 180, tolerance);
     EXPECT_NEAR(blendedAt(WorldSpace, -0.5, {"obj_rotateZ"}, 1)[0], 175, tolerance);
@@ -146,7 +137,7 @@ TEST_F(WorldSpaceBlends, AMovingParentIsCancelledAtTheKeysOwnTime)
     keyPlug("obj.ty", {{1, 0}, {5, 3}, {9, 0}});
     keyPlug("obj.rz", {{1, 0}, {5, 20}, {9, 0}});
     const std::vector<std::string> curves = {"obj_translateX", "obj_translateY", "obj_rotateZ"};
-    pickKeys("obj", {"translateX", "translateY", "rotateZ"}, {1});
+    pickChannelKeys("obj", {"translateX", "translateY", "rotateZ"}, {1});
 
     // Held still in the world, against a parent turned by 90 degrees.
     EXPECT_THAT(blendedAt(WorldSpace, 0, curves, 1), near({0, -10, -90}));
@@ -160,7 +151,7 @@ TEST_F(WorldSpaceBlends, AnOffsetPivotTurnsInPlace)
     keyPlug("obj.ty", {{1, 0}, {5, 9}, {9, 0}});
     keyPlug("obj.rz", {{1, 0}, {5, 0}, {9, 90}});
     const std::vector<std::string> curves = {"obj_translateX", "obj_translateY", "obj_rotateZ"};
-    pickKeys("obj", {"translateX", "translateY", "rotateZ"}, {1});
+    pickChannelKeys("obj", {"translateX", "translateY", "rotateZ"}, {1});
     // The pivot stays where it is while the object turns about it: the
     // matrices' own translations would swing the object on an arc.
     EXPECT_THAT(blendedAt(WorldSpace, 0, curves, 1), near({0, 0, 45}));
@@ -181,7 +172,7 @@ protected:
         keyPlug("j.rx", {{1, 20}, {5, 0}, {9, -35}});
         keyPlug("j.ry", {{1, -40}, {5, 0}, {9, 15}});
         keyPlug("j.rz", {{1, 70}, {5, 0}, {9, -10}});
-        pickKeys("j", {"translateX", "translateY", "rotateX", "rotateY", "rotateZ"}, {1});
+        pickChannelKeys("j", {"translateX", "translateY", "rotateX", "rotateY", "rotateZ"}, {1});
     }
 
     const std::vector<std::string> curves = {"j_translateX", "j_translateY", "j_rotateX", "j_rotateY", "j_rotateZ"};
@@ -224,7 +215,7 @@ protected:
 
 TEST_F(TranslatingParent, TheWorldPathRunsBetweenTheNeighbours)
 {
-    pickKeys("obj", {"translateX"}, {1});
+    pickChannelKeys("obj", {"translateX"}, {1});
     // World 0 and 110: halfway is 55, which is -25 from the parent at frame 5.
     EXPECT_THAT(blendedAt(WorldSpace, 0, {"obj_translateX"}, 1), near({-25}));
     EXPECT_THAT(blendedAt(WorldSpace, 1, {"obj_translateX"}, 1), near({30}));
@@ -234,7 +225,7 @@ TEST_F(TranslatingParent, OtherChannelsKeepThePlainFormula)
 {
     // Beside a transform channel that follows the world pose, a plain one
     // gets the Tween Machine value.
-    pickKeys("obj", {"translateX", "weight"}, {1});
+    pickChannelKeys("obj", {"translateX", "weight"}, {1});
     const std::vector<std::string> curves = {"obj_translateX", "obj_weight"};
     EXPECT_THAT(blendedAt(WorldSpace, 0, curves, 1), near({-25, 5}));
     EXPECT_THAT(blendedAt(WorldSpace, 0.5, curves, 1), near({2.5, 7.5}));
@@ -248,13 +239,13 @@ TEST_F(TranslatingParent, ACurveWhoseNameHoldsAChannelCountsAsThatChannel)
 {
     // Its value is the translate X of the world pose: 55 in the world, -25
     // from the parent at frame 5; its own neighbours would give 200.
-    pickKeys("obj", {"mytranslateXOffset"}, {1});
+    pickChannelKeys("obj", {"mytranslateXOffset"}, {1});
     EXPECT_THAT(blendedAt(WorldSpace, 0, {"obj_mytranslateXOffset"}, 1), near({-25}));
 }
 
 TEST_F(TranslatingParent, FrameWorldSpaceWithoutTimesUsesThePlaybackRange)
 {
-    pickKeys("obj", {"translateX", "weight"}, {1});
+    pickChannelKeys("obj", {"translateX", "weight"}, {1});
     ASSERT_TRUE(mel("playbackOptions -min 1 -max 9"));
     // The world pose at frame 9 is 110: 30 from the parent at frame 5.
     EXPECT_THAT(blendedAt(FrameWorldSpace, 1, {"obj_translateX", "obj_weight"}, 1), near({30, 10}));
@@ -267,24 +258,19 @@ TEST_F(TranslatingParent, FrameWorldSpaceWithoutTimesUsesThePlaybackRange)
 
 TEST_F(TranslatingParent, NeighborsWorldSpaceReadsTheKeysPoseAnewAtEachStep)
 {
-    pickKeys("obj", {"translateX"}, {1});
-    const std::string before = sceneText();
-    KeyBlending::Data* data = pressSlider(NeighborsWorldSpace);
-    ASSERT_NE(data, nullptr);
-    // Halfway from 3 toward 30, then halfway again from where the step left it.
-    data->blend(0.5);
-    EXPECT_NEAR(keyValues("obj_translateX")[1], 16.5, tolerance);
-    data->blend(0.5);
-    EXPECT_NEAR(keyValues("obj_translateX")[1], 23.25, tolerance);
-    data->blend(-1);
-    EXPECT_NEAR(keyValues("obj_translateX")[1], -80, tolerance);
-    releaseSlider(*data);
-    const std::string after = sceneText();
-
-    ASSERT_TRUE(mel("undo"));
-    EXPECT_EQ(sceneText(), before);
-    ASSERT_TRUE(mel("redo"));
-    EXPECT_EQ(sceneText(), after);
+    pickChannelKeys("obj", {"translateX"}, {1});
+    expectOneUndoStep([] {
+        KeyBlending::Data* data = pressSlider(NeighborsWorldSpace);
+        ASSERT_NE(data, nullptr);
+        // Halfway from 3 toward 30, then halfway again from where the step left it.
+        data->blend(0.5);
+        EXPECT_NEAR(keyValues("obj_translateX")[1], 16.5, tolerance);
+        data->blend(0.5);
+        EXPECT_NEAR(keyValues("obj_translateX")[1], 23.25, tolerance);
+        data->blend(-1);
+        EXPECT_NEAR(keyValues("obj_translateX")[1], -80, tolerance);
+        releaseSlider(*data);
+    });
 }
 
 class InfinitySides : public WorldSpaceBlends
@@ -308,8 +294,8 @@ protected:
 TEST_F(InfinitySides, ARunNearTheStartGoesToThePoseOfTheFirstKey)
 {
     // Keys 1, 2: the left side's near and far keys are both key 0.
-    pickKeys("obj", {"translateX", "rotateZ", "weight"}, {1, 2});
-    const std::vector<std::vector<double>> values = blended(InfinityWorldSpace, 1, curves);
+    pickChannelKeys("obj", {"translateX", "rotateZ", "weight"}, {1, 2});
+    const std::vector<std::vector<double>> values = blendedCurves(InfinityWorldSpace, 1, curves);
     // The world pose of frame 1 (5, turned 10 degrees), under the parent at
     // frames 3 and 5.
     EXPECT_THAT(values[0], near({5, -95, 5, 35, 40}));
@@ -319,24 +305,24 @@ TEST_F(InfinitySides, ARunNearTheStartGoesToThePoseOfTheFirstKey)
 
     // A run from key 0 itself: key 0 holds its pose, key 1 takes it.
     mayasim::host::clearKeySelection();
-    pickKeys("obj", {"translateX", "rotateZ"}, {0, 1});
-    EXPECT_THAT(blended(InfinityWorldSpace, 1, curves)[1], near({10, 10, 30, 50, 60}));
+    pickChannelKeys("obj", {"translateX", "rotateZ"}, {0, 1});
+    EXPECT_THAT(blendedCurves(InfinityWorldSpace, 1, curves)[1], near({10, 10, 30, 50, 60}));
 }
 
 TEST_F(InfinitySides, AMiddleRunCarriesOnTheMotionBeyondItsNeighbour)
 {
-    pickKeys("obj", {"translateX", "rotateZ", "weight"}, {3});
+    pickChannelKeys("obj", {"translateX", "rotateZ", "weight"}, {3});
     // From the left: the world motion from frame 3 to frame 5 (out from 5 to
     // 30 while turning 10 degrees about the origin) once more after frame 5.
     const double beyond = 30 + 25 * std::cos(radians(10));
-    std::vector<std::vector<double>> values = blended(InfinityWorldSpace, 1, curves);
+    std::vector<std::vector<double>> values = blendedCurves(InfinityWorldSpace, 1, curves);
     EXPECT_NEAR(values[0][3], beyond, tolerance);
     EXPECT_NEAR(values[1][3], 40, tolerance);
-    values = blended(InfinityWorldSpace, 0.5, curves);
+    values = blendedCurves(InfinityWorldSpace, 0.5, curves);
     EXPECT_NEAR(values[0][3], (35 + beyond) / 2, tolerance);
     EXPECT_NEAR(values[1][3], 45, tolerance);
     // From the right the neighbour is the last key, so its pose is the target.
-    values = blended(InfinityWorldSpace, -1, curves);
+    values = blendedCurves(InfinityWorldSpace, -1, curves);
     EXPECT_NEAR(values[0][3], 40, tolerance);
     EXPECT_NEAR(values[1][3], 60, tolerance);
     // The plain channel: the line through the neighbours.
@@ -347,30 +333,25 @@ TEST_F(InfinitySides, ARunAtTheLastKeyMovesTowardItsRightValueFromTheRight)
 {
     // No key follows the run: no pose on the right, so the channels go flat
     // toward the run's right neighbour, the last key itself.
-    pickKeys("obj", {"translateX", "rotateZ"}, {3, 4});
-    const std::vector<std::vector<double>> values = blended(InfinityWorldSpace, -1, curves);
+    pickChannelKeys("obj", {"translateX", "rotateZ"}, {3, 4});
+    const std::vector<std::vector<double>> values = blendedCurves(InfinityWorldSpace, -1, curves);
     EXPECT_THAT(values[0], near({5, -95, 30, 40, 40}));
     EXPECT_THAT(values[1], near({10, 20, 30, 60, 60}));
-    const std::vector<std::vector<double>> half = blended(InfinityWorldSpace, -0.5, curves);
+    const std::vector<std::vector<double>> half = blendedCurves(InfinityWorldSpace, -0.5, curves);
     EXPECT_THAT(half[0], near({5, -95, 30, 37.5, 40}));
 }
 
 TEST_F(InfinitySides, ADragIsOneUndoStep)
 {
-    pickKeys("obj", {"translateX", "rotateZ", "weight"}, {1, 2});
-    const std::string before = sceneText();
-    KeyBlending::Data* data = pressSlider(InfinityWorldSpace);
-    ASSERT_NE(data, nullptr);
-    for (double x : {0.3, -0.2, 0.7, 1.0})
-        data->blend(x);
-    releaseSlider(*data);
-    EXPECT_THAT(keyValues("obj_translateX"), near({5, -95, 5, 35, 40}));
-    const std::string after = sceneText();
-
-    ASSERT_TRUE(mel("undo"));
-    EXPECT_EQ(sceneText(), before);
-    ASSERT_TRUE(mel("redo"));
-    EXPECT_EQ(sceneText(), after);
+    pickChannelKeys("obj", {"translateX", "rotateZ", "weight"}, {1, 2});
+    expectOneUndoStep([] {
+        KeyBlending::Data* data = pressSlider(InfinityWorldSpace);
+        ASSERT_NE(data, nullptr);
+        for (double x : {0.3, -0.2, 0.7, 1.0})
+            data->blend(x);
+        releaseSlider(*data);
+        EXPECT_THAT(keyValues("obj_translateX"), near({5, -95, 5, 35, 40}));
+    });
 }
 
 } // namespace

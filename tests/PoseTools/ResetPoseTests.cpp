@@ -23,27 +23,6 @@ protected:
     {
         ASSERT_TRUE(mel("setAttr obj.t 11 12 13; setAttr obj.r 21 22 23; setAttr obj.s 3 4 5"));
     }
-
-    // Runs the command, checks that undo and redo restore the whole scene.
-    static void resetAsOneUndoStep(const std::string& command)
-    {
-        const std::string before = sceneText();
-        ASSERT_TRUE(mel(command)) << command;
-        const std::string after = sceneText();
-        ASSERT_TRUE(mel("undo"));
-        EXPECT_EQ(sceneText(), before);
-        ASSERT_TRUE(mel("redo"));
-        EXPECT_EQ(sceneText(), after);
-    }
-
-    static MObject curveNamed(const char* name)
-    {
-        MSelectionList list;
-        MObject curve;
-        list.add(name);
-        list.getDependNode(0, curve);
-        return curve;
-    }
 };
 
 TEST_F(ResetPoseCmd, SnapshotThenResetReturnsEveryChannelIncludingRotateOrder)
@@ -59,7 +38,7 @@ TEST_F(ResetPoseCmd, SnapshotThenResetReturnsEveryChannelIncludingRotateOrder)
 
     scramble();
     ASSERT_TRUE(mel("setAttr obj.ro 2; setAttr obj.v on"));
-    resetAsOneUndoStep("OVResetPose obj");
+    expectOneUndoStep([] { ASSERT_TRUE(mel("OVResetPose obj")); });
     // Rotations come back bit for bit: stored and written in radians.
     for (size_t i = 0; i < posed.size(); ++i)
         EXPECT_EQ(value(channels[i]), posed[i]) << channels[i];
@@ -72,7 +51,7 @@ TEST_F(ResetPoseCmd, WithoutFileChannelsTakeTheirAttributeDefaults)
     ASSERT_TRUE(mel("setAttr obj.ro 3; setAttr obj.v off"));
     ASSERT_FALSE(QFile::exists(dataFile()));
     ASSERT_TRUE(mel("select -r obj"));
-    resetAsOneUndoStep("OVResetPose");
+    expectOneUndoStep([] { ASSERT_TRUE(mel("OVResetPose")); });
     EXPECT_EQ(value("obj.tx"), 0.0);
     EXPECT_EQ(value("obj.rx"), 0.0);
     EXPECT_EQ(value("obj.rz"), 0.0);
@@ -108,7 +87,7 @@ TEST_F(ResetPoseCmd, AttributeDefaultsAreTakenInUiUnitsAndWrittenAsTheyAre)
 TEST_F(ResetPoseCmd, FlagsPickChannelsByName)
 {
     scramble();
-    resetAsOneUndoStep("OVResetPose -t -r obj");
+    expectOneUndoStep([] { ASSERT_TRUE(mel("OVResetPose -t -r obj")); });
     EXPECT_EQ(value("obj.ty"), 0.0);
     EXPECT_EQ(value("obj.ry"), 0.0);
     EXPECT_EQ(value("obj.sy"), 4.0);
@@ -129,7 +108,7 @@ TEST_F(ResetPoseCmd, ChannelBoxHighlightLimitsTheReset)
 {
     scramble();
     mayasim::host::setChannelBoxHighlight(mayasim::host::ChannelBoxSection::Main, {"tx", "sy"});
-    resetAsOneUndoStep("OVResetPose obj");
+    expectOneUndoStep([] { ASSERT_TRUE(mel("OVResetPose obj")); });
     EXPECT_EQ(value("obj.tx"), 0.0);
     EXPECT_EQ(value("obj.sy"), 1.0);
     EXPECT_EQ(value("obj.ty"), 12.0);
@@ -181,14 +160,14 @@ TEST_F(ResetPoseCmd, SelectedKeysAreResetInsteadOfValues)
     keyPlug("obj.tx", {{1, 0}, {5, 10}, {10, 4}});
     keyPlug("obj.ry", {{1, 30}, {10, 60}});
     ASSERT_TRUE(mel("setAttr obj.sx 3"));
-    MFnAnimCurve curve(curveNamed("obj_translateX"));
+    MFnAnimCurve curve(nodeNamed("obj_translateX"));
     ASSERT_TRUE(curve.setInTangentType(1, MFnAnimCurve::kTangentFixed));
     ASSERT_TRUE(curve.setOutTangentType(1, MFnAnimCurve::kTangentFixed));
     ASSERT_TRUE(mayasim::host::selectKeys("obj_translateX", {1}));
     ASSERT_TRUE(mayasim::host::selectKeys("obj_rotateY", {1}));
     ASSERT_TRUE(mel("select -add obj"));
 
-    resetAsOneUndoStep("OVResetPose -t");
+    expectOneUndoStep([] { ASSERT_TRUE(mel("OVResetPose -t")); });
     EXPECT_THAT(keyValues("obj_translateX"), ElementsAre(0, 7, 4));
     EXPECT_THAT(keyValues("obj_rotateY"), ElementsAre(DoubleNear(30, 1e-9), DoubleNear(60, 1e-9)))
         << "-t leaves rotation curves";
@@ -207,7 +186,7 @@ TEST_F(ResetPoseCmd, HighlightedRangeResetsTheKeysInIt)
     keyPlug("obj.tx", {{1, 2}, {8, 3}});
     ASSERT_TRUE(mel("select -r obj"));
     mayasim::host::setTimeSliderHighlight(4, 10);
-    resetAsOneUndoStep("OVResetPose -s");
+    expectOneUndoStep([] { ASSERT_TRUE(mel("OVResetPose -s")); });
     EXPECT_THAT(keyValues("obj_scaleX"), ElementsAre(2, 1, 1));
     EXPECT_THAT(keyValues("obj_translateX"), ElementsAre(2, 3));
 }

@@ -19,22 +19,17 @@ using TangentType = TangentCurvesTest;
 TEST_F(TangentType, CurrentFrameSetsBothSidesAndLeavesCurvesWithoutAKeyOut)
 {
     ASSERT_TRUE(mel("currentTime 5"));
-    const std::string before = sceneText();
-    ASSERT_TRUE(mel("OVTangent -bt 5"));
-    EXPECT_EQ(typeOf("ball_translateX", 1, true), MFnAnimCurve::kTangentAuto);
-    EXPECT_EQ(typeOf("ball_translateX", 1, false), MFnAnimCurve::kTangentAuto);
-    EXPECT_EQ(typeOf("ball_translateX", 2, true), MFnAnimCurve::kTangentSmooth);
-    EXPECT_EQ(typeOf("ball_scaleX", 0, true), MFnAnimCurve::kTangentAuto);
-    EXPECT_EQ(keyTimes("ball_translateY"), (std::vector<double>{1, 8, 14, 20}));
-    for (unsigned int index = 0; index < 4; ++index)
-        EXPECT_EQ(typeOf("ball_translateY", index, true), MFnAnimCurve::kTangentSmooth);
-    EXPECT_TRUE(reports().empty());
-    const std::string after = sceneText();
-
-    ASSERT_TRUE(mel("undo"));
-    EXPECT_EQ(sceneText(), before);
-    ASSERT_TRUE(mel("redo"));
-    EXPECT_EQ(sceneText(), after);
+    expectOneUndoStep([] {
+        ASSERT_TRUE(mel("OVTangent -bt 5"));
+        EXPECT_EQ(typeOf("ball_translateX", 1, true), MFnAnimCurve::kTangentAuto);
+        EXPECT_EQ(typeOf("ball_translateX", 1, false), MFnAnimCurve::kTangentAuto);
+        EXPECT_EQ(typeOf("ball_translateX", 2, true), MFnAnimCurve::kTangentSmooth);
+        EXPECT_EQ(typeOf("ball_scaleX", 0, true), MFnAnimCurve::kTangentAuto);
+        EXPECT_EQ(keyTimes("ball_translateY"), (std::vector<double>{1, 8, 14, 20}));
+        for (unsigned int index = 0; index < 4; ++index)
+            EXPECT_EQ(typeOf("ball_translateY", index, true), MFnAnimCurve::kTangentSmooth);
+        EXPECT_TRUE(reports().empty());
+    });
 }
 
 // Unlike the blend, the type goes on both sides of the first and last keys.

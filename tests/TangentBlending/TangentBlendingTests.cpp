@@ -5,6 +5,7 @@
 #include "TangentBlending/Manager.h"
 
 #include <maya/MGlobal.h>
+#include <maya/MSelectionList.h>
 
 #include <gmock/gmock.h>
 
@@ -14,28 +15,23 @@ using ::testing::HasSubstr;
 
 namespace {
 
-bool locked(const char* curve, unsigned int index) { return MFnAnimCurve(curveNamed(curve)).tangentsLocked(index); }
+bool locked(const char* curve, unsigned int index) { return MFnAnimCurve(nodeNamed(curve)).tangentsLocked(index); }
 
 using TangentBlend = TangentCurvesTest;
 
 TEST_F(TangentBlend, BlendOfOneSetsTheTypeAndUndoRedoRestoreTheScene)
 {
     pickKeys("ball_translateX", {1, 2});
-    const std::string before = sceneText();
-    ASSERT_TRUE(mel("OVTangentBlending -bt 2 -bv 1"));
-    for (unsigned int index : {1u, 2u}) {
-        EXPECT_EQ(tangentSide("ball_translateX", index, true).type, MFnAnimCurve::kTangentFlat);
-        EXPECT_EQ(tangentSide("ball_translateX", index, false).type, MFnAnimCurve::kTangentFlat);
-        EXPECT_EQ(tangentSide("ball_translateX", index, true).angle, 0.0);
-    }
-    EXPECT_EQ(tangentSide("ball_translateX", 3, true).type, MFnAnimCurve::kTangentSmooth);
-    EXPECT_TRUE(reports().empty());
-    const std::string after = sceneText();
-
-    ASSERT_TRUE(mel("undo"));
-    EXPECT_EQ(sceneText(), before);
-    ASSERT_TRUE(mel("redo"));
-    EXPECT_EQ(sceneText(), after);
+    expectOneUndoStep([] {
+        ASSERT_TRUE(mel("OVTangentBlending -bt 2 -bv 1"));
+        for (unsigned int index : {1u, 2u}) {
+            EXPECT_EQ(tangentSide("ball_translateX", index, true).type, MFnAnimCurve::kTangentFlat);
+            EXPECT_EQ(tangentSide("ball_translateX", index, false).type, MFnAnimCurve::kTangentFlat);
+            EXPECT_EQ(tangentSide("ball_translateX", index, true).angle, 0.0);
+        }
+        EXPECT_EQ(tangentSide("ball_translateX", 3, true).type, MFnAnimCurve::kTangentSmooth);
+        EXPECT_TRUE(reports().empty());
+    });
 }
 
 // Linear aims at the neighbouring key: the in side of (10, 4) comes from

@@ -5,11 +5,21 @@
 #define MNoVersionString // the plug-in emits the version symbols
 #include <maya/MFnPlugin.h>
 #include <maya/MGlobal.h>
+#include <maya/MSelectionList.h>
 #include <mayasim/Host.h>
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+
+MObject nodeNamed(const std::string& name)
+{
+    MSelectionList list;
+    list.add(name.c_str());
+    MObject node;
+    list.getDependNode(0, node);
+    return node;
+}
 
 void PluginTest::SetUp()
 {
@@ -65,6 +75,19 @@ std::string PluginTest::sceneText()
     if (!file.open(QIODevice::ReadOnly))
         return std::string();
     return file.readAll().toStdString();
+}
+
+void PluginTest::expectOneUndoStep(const std::function<void()>& action)
+{
+    const std::string before = sceneText();
+    action();
+    if (HasFatalFailure())
+        return;
+    const std::string after = sceneText();
+    EXPECT_TRUE(mel("undo"));
+    EXPECT_EQ(sceneText(), before);
+    EXPECT_TRUE(mel("redo"));
+    EXPECT_EQ(sceneText(), after);
 }
 
 std::vector<std::string> PluginTest::reports()

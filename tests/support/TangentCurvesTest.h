@@ -5,17 +5,7 @@
 
 #include <maya/MAngle.h>
 #include <maya/MFnAnimCurve.h>
-#include <maya/MSelectionList.h>
 #include <mayasim/Host.h>
-
-inline MObject curveNamed(const char* name)
-{
-    MSelectionList list;
-    list.add(name);
-    MObject curve;
-    list.getDependNode(0, curve);
-    return curve;
-}
 
 // One side of a key as Maya reports it: angle in radians, weight, type.
 struct TangentSide
@@ -27,7 +17,7 @@ struct TangentSide
 
 inline TangentSide tangentSide(const char* curve, unsigned int index, bool in)
 {
-    const MFnAnimCurve fn(curveNamed(curve));
+    const MFnAnimCurve fn(nodeNamed(curve));
     MAngle angle;
     TangentSide result;
     fn.getTangent(index, angle, result.weight, in);
