@@ -96,7 +96,12 @@ BENCHMARK(ValueOffsetStep)->Apply(shapeArgs)->Unit(benchmark::kMicrosecond);
 // World Space on objects with their nine transform channels keyed: a pose
 // blend per key time and the parent's inverse at that time, at each step.
 void WorldSpaceStep(benchmark::State& state) { BlendStep(state, 4, 9); }
-BENCHMARK(WorldSpaceStep)->Args({10, 100})->Args({100, 100})->Unit(benchmark::kMillisecond);
+BENCHMARK(WorldSpaceStep)
+    ->Args({10, 100})
+    ->Args({100, 100})
+    ->Args({1, 1000})
+    ->Args({1, 10000})
+    ->Unit(benchmark::kMillisecond);
 
 void BareSetValueLoop(benchmark::State& state)
 {

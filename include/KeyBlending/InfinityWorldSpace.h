@@ -5,6 +5,7 @@
 #include <maya/MMatrix.h>
 #include <maya/MTime.h>
 
+#include <utility>
 #include <vector>
 
 class MAnimCurveChange;
@@ -34,7 +35,8 @@ public:
     void blend(double x, MAnimCurveChange* change);
 
 private:
-    std::vector<ObjectRecord<InfinityFrame>> fObjects;
+    // A key finds its record by its time and the side of the step.
+    std::vector<ObjectRecord<InfinityFrame, std::pair<MTime, bool>>> fObjects;
 };
 
 } // namespace KeyBlending

@@ -9,7 +9,10 @@
 #include <maya/MPoint.h>
 #include <maya/MQuaternion.h>
 #include <maya/MString.h>
+#include <maya/MTime.h>
 
+#include <map>
+#include <tuple>
 #include <vector>
 
 class MAnimCurveChange;
@@ -39,15 +42,29 @@ struct ObjectSpace
     int rotationOrder = 0;
 };
 
-// One collected object and the frame records of its keys.
-template <typename Frame>
+// A key's own time and the two times its pose is blended from.
+using TimeTriple = std::tuple<MTime, MTime, MTime>;
+
+// One collected object and the frame records of its keys. Key is what a key
+// is matched to its record by.
+template <typename Frame, typename Key>
 struct ObjectRecord
 {
     explicit ObjectRecord(CollectAnimation::NodeKeys& node) : source(&node), reader(node.node) {}
 
+    // The record of the first frame with that key: a lookup, not a scan of
+    // the frames, since it runs for every key at every step.
+    const Frame* findFrame(const Key& key) const
+    {
+        const auto found = firstFrame.find(key);
+        return found == firstFrame.end() ? nullptr : &frames[found->second];
+    }
+
     CollectAnimation::NodeKeys* source;
     TransformReader reader;
     std::vector<Frame> frames;
+    // Each key's first record in frames, filled with them at the press.
+    std::map<Key, size_t> firstFrame;
     // Read only for objects that have frames.
     ObjectSpace space;
 };

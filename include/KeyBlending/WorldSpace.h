@@ -26,7 +26,7 @@ struct WorldFrame : PoseChannels
     MMatrix worldAtRight;
 };
 
-using WorldObject = ObjectRecord<WorldFrame>;
+using WorldObject = ObjectRecord<WorldFrame, TimeTriple>;
 
 // World Space (4): Tween Machine of the world pose.
 class WorldSpace
@@ -68,6 +68,10 @@ public:
     const WorldFrame* findFrame(const WorldObject& object, const CollectAnimation::KeyInfo& key) const override;
 
     void prepare(NodeKeysList& nodes, const MTime& start, const MTime& end);
+
+private:
+    MTime fStartTime;
+    MTime fEndTime;
 };
 
 } // namespace KeyBlending

@@ -5,8 +5,8 @@
 #include <maya/MDGContext.h>
 #include <maya/MFnAnimCurve.h>
 
-#include <algorithm>
 #include <cmath>
+#include <set>
 
 namespace KeyBlending {
 
@@ -17,18 +17,15 @@ using CollectAnimation::PlugKeys;
 
 namespace {
 
-using InfinityObject = ObjectRecord<InfinityFrame>;
+using InfinityObject = ObjectRecord<InfinityFrame, std::pair<MTime, bool>>;
 using KeyIterator = std::vector<KeyInfo>::const_iterator;
 
 // One record per key of the run and side, unless one has the same times.
-void addFrames(InfinityObject& object, KeyIterator first, KeyIterator end, const MTime& nearTime,
-               const MTime& farTime)
+void addFrames(InfinityObject& object, std::set<TimeTriple>& known, KeyIterator first, KeyIterator end,
+               const MTime& nearTime, const MTime& farTime)
 {
     for (KeyIterator key = first; key != end; ++key) {
-        const bool known = std::any_of(object.frames.begin(), object.frames.end(), [&](const InfinityFrame& frame) {
-            return frame.time == key->time && frame.nearTime == nearTime && frame.farTime == farTime;
-        });
-        if (known)
+        if (!known.insert({key->time, nearTime, farTime}).second)
             continue;
         InfinityFrame frame;
         frame.time = key->time;
@@ -36,13 +33,14 @@ void addFrames(InfinityObject& object, KeyIterator first, KeyIterator end, const
         frame.farTime = farTime;
         frame.worldAtNear = object.reader.worldMatrix(MDGContext(nearTime));
         frame.worldAtFar = object.reader.worldMatrix(MDGContext(farTime));
+        object.firstFrame.emplace(std::make_pair(frame.time, frame.isLeft()), object.frames.size());
         object.frames.push_back(frame);
     }
 }
 
 // The records of one curve's runs: a run is a stretch of consecutive keys
 // with the same neighbours.
-void addCurveFrames(InfinityObject& object, const CurveKeys& curve)
+void addCurveFrames(InfinityObject& object, std::set<TimeTriple>& known, const CurveKeys& curve)
 {
     MFnAnimCurve fn(curve.curve);
     const unsigned int count = fn.numKeys();
@@ -57,11 +55,11 @@ void addCurveFrames(InfinityObject& object, const CurveKeys& curve)
         const unsigned int last = keys[end - 1].index;
         if (last + 1 < count) {
             const MTime nearTime = fn.time(last + 1);
-            addFrames(object, keys.begin() + start, keys.begin() + end, nearTime,
+            addFrames(object, known, keys.begin() + start, keys.begin() + end, nearTime,
                       last + 2 < count ? fn.time(last + 2) : nearTime);
         }
         const MTime nearTime = fn.time(first > 0 ? first - 1 : 0);
-        addFrames(object, keys.begin() + start, keys.begin() + end, nearTime,
+        addFrames(object, known, keys.begin() + start, keys.begin() + end, nearTime,
                   first >= 2 ? fn.time(first - 2) : nearTime);
         start = end;
     }
@@ -98,10 +96,11 @@ void InfinityWorldSpace::prepare(NodeKeysList& nodes)
     fObjects.clear();
     for (NodeKeys& node : nodes) {
         InfinityObject object(node);
+        std::set<TimeTriple> known;
         for (PlugKeys& plug : node.plugs)
             for (CurveKeys& curve : plug.curves)
                 if (isTransformCurve(curve.curve))
-                    addCurveFrames(object, curve);
+                    addCurveFrames(object, known, curve);
         if (!object.frames.empty())
             object.space = readObjectSpace(object.reader);
         fObjects.push_back(std::move(object));
@@ -139,11 +138,7 @@ void InfinityWorldSpace::blend(double x, MAnimCurveChange* change)
                                                           : lineThrough(t, rightTime, key.rightValue, m);
                              return lerp(key.value, line, amount);
                          }
-                         const auto frame = std::find_if(
-                             object.frames.begin(), object.frames.end(), [&](const InfinityFrame& candidate) {
-                                 return candidate.time == key.time && candidate.isLeft() == fromLeft;
-                             });
-                         if (frame != object.frames.end())
+                         if (const InfinityFrame* frame = object.findFrame({key.time, fromLeft}))
                              return channelValue(name, *frame, lerp(key.leftValue, key.rightValue, amount));
                          return lineBeyondNeighbor(fn, key, x, amount);
                      });

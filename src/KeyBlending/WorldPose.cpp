@@ -90,13 +90,14 @@ void blendPose(const MMatrix& a, const MMatrix& b, double t, const ObjectSpace& 
 
 double channelValue(const MString& name, const PoseChannels& pose, double fallback)
 {
-    const char* const channels[] = {"translateX", "translateY", "translateZ", "rotateX", "rotateY",
-                                    "rotateZ",    "scaleX",     "scaleY",     "scaleZ"};
+    // Made once: this runs for every key at every step.
+    static const MString channels[] = {"translateX", "translateY", "translateZ", "rotateX", "rotateY",
+                                       "rotateZ",    "scaleX",     "scaleY",     "scaleZ"};
     const double* const values[] = {&pose.translate[0], &pose.translate[1], &pose.translate[2],
                                     &pose.rotate[0],    &pose.rotate[1],    &pose.rotate[2],
                                     &pose.scale[0],     &pose.scale[1],     &pose.scale[2]};
     for (unsigned int i = 0; i < 9; ++i)
-        if (name.indexW(MString(channels[i])) >= 0)
+        if (name.indexW(channels[i]) >= 0)
             return *values[i];
     return fallback;
 }

@@ -6,7 +6,6 @@
 #include <maya/MDGContext.h>
 #include <maya/MFnAnimCurve.h>
 
-#include <algorithm>
 #include <cmath>
 
 namespace KeyBlending {
@@ -18,10 +17,7 @@ using CollectAnimation::PlugKeys;
 
 const WorldFrame* WorldSpace::findFrame(const WorldObject& object, const KeyInfo& key) const
 {
-    const auto found = std::find_if(object.frames.begin(), object.frames.end(), [&key](const WorldFrame& frame) {
-        return frame.time == key.time && frame.leftTime == key.leftTime && frame.rightTime == key.rightTime;
-    });
-    return found == object.frames.end() ? nullptr : &*found;
+    return object.findFrame({key.time, key.leftTime, key.rightTime});
 }
 
 // One frame record per distinct triple of key times on the transform curves;
@@ -36,7 +32,9 @@ void WorldSpace::prepare(NodeKeysList& nodes)
                 if (!isTransformCurve(curve.curve))
                     continue;
                 for (const KeyInfo& key : curve.keys) {
-                    if (WorldSpace::findFrame(object, key))
+                    if (!object.firstFrame.emplace(TimeTriple{key.time, key.leftTime, key.rightTime},
+                                                   object.frames.size())
+                             .second)
                         continue;
                     WorldFrame frame;
                     frame.time = key.time;
@@ -114,22 +112,32 @@ void NeighborsWorldSpace::blend(double x, MAnimCurveChange* change)
 
 const WorldFrame* FrameWorldSpace::findFrame(const WorldObject& object, const KeyInfo& key) const
 {
-    const auto found = std::find_if(object.frames.begin(), object.frames.end(),
-                                    [&key](const WorldFrame& frame) { return frame.time == key.time; });
-    return found == object.frames.end() ? nullptr : &*found;
+    return object.findFrame({key.time, fStartTime, fEndTime});
 }
 
 void FrameWorldSpace::prepare(NodeKeysList& nodes, const MTime& start, const MTime& end)
 {
     prepareFrame(nodes, start, end);
     WorldSpace::prepare(nodes);
-    for (WorldObject& object : fObjects)
-        for (WorldFrame& frame : object.frames) {
+    fStartTime = start;
+    fEndTime = end;
+    for (WorldObject& object : fObjects) {
+        // With the frame times as every record's neighbours, a key's record is
+        // the first one of its own time.
+        object.firstFrame.clear();
+        if (object.frames.empty())
+            continue;
+        const MMatrix worldAtStart = object.reader.worldMatrix(MDGContext(start));
+        const MMatrix worldAtEnd = object.reader.worldMatrix(MDGContext(end));
+        for (size_t i = 0; i < object.frames.size(); ++i) {
+            WorldFrame& frame = object.frames[i];
             frame.leftTime = start;
             frame.rightTime = end;
-            frame.worldAtLeft = object.reader.worldMatrix(MDGContext(start));
-            frame.worldAtRight = object.reader.worldMatrix(MDGContext(end));
+            frame.worldAtLeft = worldAtStart;
+            frame.worldAtRight = worldAtEnd;
+            object.firstFrame.emplace(TimeTriple{frame.time, start, end}, i);
         }
+    }
 }
 
 } // namespace KeyBlending
