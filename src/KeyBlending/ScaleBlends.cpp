@@ -29,11 +29,10 @@ std::vector<ScaledKey> scaledKeys(const CurveKeys& curve)
 template <typename Visit>
 void forEachCurveWithKeys(const NodeKeysList& nodes, Visit&& visit)
 {
-    for (const CollectAnimation::NodeKeys& node : nodes)
-        for (const CollectAnimation::PlugKeys& plug : node.plugs)
-            for (const CurveKeys& curve : plug.curves)
-                if (!curve.keys.empty())
-                    visit(curve);
+    forEachCurve(nodes, [&visit](const CurveKeys& curve) {
+        if (!curve.keys.empty())
+            visit(curve);
+    });
 }
 
 // Keys whose leftValue holds no default stay where they are.
