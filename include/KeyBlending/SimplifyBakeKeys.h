@@ -5,7 +5,6 @@
 #include <vector>
 
 class MAnimCurveChange;
-class MSelectionList;
 
 namespace CollectAnimation {
 class DataBase;
@@ -21,7 +20,7 @@ namespace KeyBlending {
 class SimplifyBakeKeys
 {
 public:
-    void prepare(CollectAnimation::DataBase& data, const MSelectionList& selection);
+    void prepare(CollectAnimation::DataBase& data);
     void blend(double x, MAnimCurveChange* change);
 
 private:

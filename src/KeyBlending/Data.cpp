@@ -125,7 +125,7 @@ void Data::collect(const MSelectionList& selection)
         fScaleFrame.prepare(nodes(), fStartTime, fEndTime);
         break;
     case 16:
-        fSimplify.prepare(*this, selection);
+        fSimplify.prepare(*this);
         break;
     case 17:
         fNoiseWave.prepare(nodes());

@@ -8,6 +8,7 @@
 
 #include <maya/MAnimControl.h>
 #include <maya/MFnAnimCurve.h>
+#include <maya/MGlobal.h>
 #include <maya/MSelectionList.h>
 
 #include <algorithm>
@@ -78,10 +79,13 @@ CurveKeys SimplifyBakeKeys::keysToSimplify(const CurveRecord& curve, bool rangeA
     return result;
 }
 
-void SimplifyBakeKeys::prepare(CollectAnimation::DataBase& data, const MSelectionList& selection)
+void SimplifyBakeKeys::prepare(CollectAnimation::DataBase& data)
 {
     fRemovals.clear();
     fGaps.clear();
+    // What the animator has selected now, as the slider sees it.
+    MSelectionList selection;
+    MGlobal::getActiveSelectionList(selection);
     MTime start, end;
     const bool rangeActive = timeSliderRange(start, end);
     if (hasAnimCurves(selection)) {

@@ -58,6 +58,20 @@ TEST_F(SimplifyBakeKeys, GapOfFiveFramesIsFilledEvenlyOnItsWholeFrames)
     EXPECT_THAT(simplified(0), ElementsAre(1, 2, 7));
 }
 
+// Like the slider, the command thins what is selected now, whatever
+// objects it is handed.
+TEST_F(SimplifyBakeKeys, WorksOnTheActiveSelectionNotTheGivenObjects)
+{
+    ASSERT_TRUE(mel("createNode transform -n other"));
+    keyPlug("obj.tx", {{1, 0}, {3, 10}, {5, 30}});
+    keyPlug("other.tx", {{1, 0}, {3, 10}, {5, 30}});
+    ASSERT_TRUE(mel("select -r obj"));
+    mayasim::host::setTimeSliderHighlight(1, 5);
+    ASSERT_TRUE(mel("OVKeyBlending -bt 16 -bv 1 other"));
+    EXPECT_THAT(keyTimes("obj_translateX"), ElementsAre(1, 2, 3, 4, 5));
+    EXPECT_THAT(keyTimes("other_translateX"), ElementsAre(1, 3, 5));
+}
+
 TEST_F(SimplifyBakeKeys, InsertedKeysKeepTheCurvesShape)
 {
     keyPlug("obj.tx", {{1, 0}, {2, 10}, {7, 30}, {9, -4}});
