@@ -5,7 +5,7 @@
 set -euo pipefail
 cd "$(dirname "$0")"
 
-packages=(cmake g++ ninja-build pkg-config qtbase5-dev libgtest-dev libgmock-dev libbenchmark-dev)
+packages=(cmake g++ ninja-build pkg-config ccache qtbase5-dev libgtest-dev libgmock-dev libbenchmark-dev)
 
 install_missing() {
     local missing=()
@@ -26,7 +26,10 @@ install_missing() {
 configure_and_build() { # build-dir, cmake options...
     local dir=$1
     shift
-    cmake -S . -B "$dir" -G Ninja "$@" >/dev/null
+    local launcher=()
+    # A compiler cache makes the several build folders (test, demo, bench, fuzz) share their objects.
+    command -v ccache >/dev/null && launcher=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
+    cmake -S . -B "$dir" -G Ninja "${launcher[@]}" "$@" >/dev/null
     cmake --build "$dir" -j "${JOBS:-2}"
 }
 
