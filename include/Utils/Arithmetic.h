@@ -2,6 +2,7 @@
 #include <maya/MTime.h>
 #include <maya/MVector.h>
 
+#include <climits>
 #include <cmath>
 
 // Small formulas shared by the blends.
@@ -31,4 +32,13 @@ inline bool withinRange(double v, double lo, double hi) { return v >= lo && hi >
 inline bool timeInRange(const MTime& t, const MTime& start, const MTime& end)
 {
     return withinRange(t.value(), start.value(), end.value());
+}
+
+// v truncated toward zero, or the fallback where that is no int (NaN, or
+// beyond the range): a cast there would be undefined.
+inline int truncatedInt(double v, int fallback)
+{
+    if (!(v > static_cast<double>(INT_MIN) - 1.0 && v < static_cast<double>(INT_MAX) + 1.0))
+        return fallback;
+    return static_cast<int>(v);
 }

@@ -6,13 +6,20 @@
 QString formatReport(const QString& message, const QString& line, const QString& file, const QString& function);
 void reportError(const QString& message, const QString& line, const QString& file, const QString& function);
 
-// How a report names a command flag: "[-bv, -blendValue]".
-inline QString flagText(const char* shortName, const char* longName)
+// Where a failure is found: the line, file and function a report names.
+// Helpers that report for their caller take one, so the block shows the
+// caller's place and not the helper's.
+struct ReportSite
 {
-    return QStringLiteral("[") + QString::fromLatin1(shortName) + QStringLiteral(", ") + QString::fromLatin1(longName)
-           + QStringLiteral("]");
-}
+    int line;
+    const char* file;
+    const char* function;
+};
+
+void reportAt(const ReportSite& site, const QString& message);
+
+// The site of the line where it is written.
+#define OV_HERE(function) (ReportSite{__LINE__, __FILE__, function})
 
 // Reports from the call site: the line and file are the caller's own.
-#define OV_REPORT(message, function) \
-    reportError((message), QString::number(__LINE__, 10), QStringLiteral(__FILE__), QStringLiteral(function))
+#define OV_REPORT(message, function) reportAt(OV_HERE(function), (message))

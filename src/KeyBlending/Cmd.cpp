@@ -1,8 +1,7 @@
 #include "KeyBlending/Cmd.h"
 
-#include "Utils/Report.h"
+#include "Utils/Command.h"
 
-#include <maya/MArgDatabase.h>
 #include <maya/MSelectionList.h>
 
 namespace KeyBlending {
@@ -11,14 +10,11 @@ const MString CommandName("OVKeyBlending");
 
 namespace {
 
-const char* const BlendTypeShort = "-bt";
-const char* const BlendTypeLong = "-blendType";
-const char* const BlendValueShort = "-bv";
-const char* const BlendValueLong = "-blendValue";
-const char* const FrameTimesShort = "-ft";
-const char* const FrameTimesLong = "-frameTimes";
-const char* const InternalShort = "-i";
-const char* const InternalLong = "-internal";
+const CommandFlag BlendType{"-bt", "-blendType", {MSyntax::kDouble}};
+const CommandFlag BlendValue{"-bv", "-blendValue", {MSyntax::kDouble}};
+const CommandFlag FrameTimes{"-ft", "-frameTimes", {MSyntax::kDouble, MSyntax::kDouble}};
+const CommandFlag Internal{"-i", "-internal", {}};
+const CommandFlags Flags = {&BlendType, &BlendValue, &FrameTimes, &Internal};
 
 } // namespace
 
@@ -30,62 +26,33 @@ Cmd::~Cmd()
 
 void* Cmd::creator() { return new Cmd; }
 
-MSyntax Cmd::createSyntax()
-{
-    MSyntax syntax;
-    syntax.addFlag(BlendTypeShort, BlendTypeLong, MSyntax::kDouble);
-    syntax.addFlag(BlendValueShort, BlendValueLong, MSyntax::kDouble);
-    syntax.addFlag(FrameTimesShort, FrameTimesLong, MSyntax::kDouble, MSyntax::kDouble);
-    syntax.addFlag(InternalShort, InternalLong, MSyntax::kNoArg);
-    syntax.setObjectType(MSyntax::kSelectionList, 1);
-    syntax.useSelectionAsDefault(true);
-    return syntax;
-}
+MSyntax Cmd::createSyntax() { return commandSyntax(Flags, true); }
 
-MStatus Cmd::doIt(const MArgList& args)
+MStatus Cmd::doIt(const MArgList& argList)
 {
-    MStatus status;
-    MArgDatabase argData(syntax(), args, &status);
-    if (!status) {
-        OV_REPORT(QStringLiteral("failed to parse args\n"), "doIt");
-        return status;
-    }
+    const CommandArgs args(syntax(), argList, Flags, OV_HERE("doIt"));
+    if (!args.status())
+        return args.status();
 
     // The slider's drag: this command only carries the Data and its undo record.
-    if (argData.isFlagSet(InternalShort)) {
+    if (args.isSet(Internal)) {
         activeData = &fData;
         fUndoable = true;
-        return status;
+        return MS::kSuccess;
     }
 
     MSelectionList objects;
-    status = argData.getObjects(objects);
-    if (!status) {
-        OV_REPORT(QStringLiteral("no object/s specified"), "doIt");
+    const MStatus status = args.getObjects(objects, OV_HERE("doIt"));
+    if (!status)
         return status;
-    }
 
-    double x = 0.0;
-    if (argData.isFlagSet(BlendValueShort))
-        x = argData.flagArgumentDouble(BlendValueShort, 0);
-    else
-        OV_REPORT(QStringLiteral("no blend value specified so, the value 0 will be used\nto specify blend value use flag ")
-                      + flagText(BlendValueShort, BlendValueLong) + QStringLiteral("\n"),
-                  "doIt");
-
-    if (argData.isFlagSet(BlendTypeShort)) {
-        fData.setBlendType(argData.flagArgumentDouble(BlendTypeShort, 0));
-    } else {
-        OV_REPORT(QStringLiteral("no blend type specified\nso, the default blend type [") + Data::blendTypeName(0)
-                      + QStringLiteral("] will be used\n\nuse flag ") + flagText(BlendTypeShort, BlendTypeLong)
-                      + QStringLiteral(" with any of these types:\n") + Data::blendTypeList(),
-                  "doIt");
-    }
-
-    if (argData.isFlagSet(FrameTimesShort)) {
-        fData.setFrameTimes(argData.flagArgumentDouble(FrameTimesShort, 0),
-                            argData.flagArgumentDouble(FrameTimesShort, 1));
-    }
+    const double x = args.numberOr(BlendValue, 0.0, missingBlendValueText(BlendValue), OV_HERE("doIt"));
+    // Without a type, the first of the table.
+    fData.setBlendType(args.numberOr(BlendType, 0.0,
+                                     missingBlendTypeText(BlendType, Data::blendTypeName(0), Data::blendTypeList()),
+                                     OV_HERE("doIt")));
+    if (args.isSet(FrameTimes))
+        fData.setFrameTimes(args.number(FrameTimes, 0), args.number(FrameTimes, 1));
 
     fData.collect(objects);
     fData.blend(x);

@@ -77,7 +77,8 @@ void Data::setBlendType(int type)
     }
 }
 
-void Data::setBlendType(double type) { setBlendType(static_cast<int>(type)); }
+// A number beyond any int is no type of the table either.
+void Data::setBlendType(double type) { setBlendType(truncatedInt(type, -1)); }
 
 void Data::setFrameTimes(double start, double end)
 {

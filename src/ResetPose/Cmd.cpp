@@ -1,8 +1,7 @@
 #include "ResetPose/Cmd.h"
 
-#include "Utils/Report.h"
+#include "Utils/Command.h"
 
-#include <maya/MArgDatabase.h>
 #include <maya/MSelectionList.h>
 
 namespace ResetPose {
@@ -11,46 +10,29 @@ const MString CommandName("OVResetPose");
 
 namespace {
 
-const char* const TranslateShort = "-t";
-const char* const TranslateLong = "-translate";
-const char* const RotateShort = "-r";
-const char* const RotateLong = "-rotate";
-const char* const ScaleShort = "-s";
-const char* const ScaleLong = "-scale";
+const CommandFlag Translate{"-t", "-translate", {}};
+const CommandFlag Rotate{"-r", "-rotate", {}};
+const CommandFlag Scale{"-s", "-scale", {}};
+const CommandFlags Flags = {&Translate, &Rotate, &Scale};
 
 } // namespace
 
 void* Cmd::creator() { return new Cmd; }
 
-MSyntax Cmd::createSyntax()
-{
-    MSyntax syntax;
-    syntax.addFlag(TranslateShort, TranslateLong, MSyntax::kNoArg);
-    syntax.addFlag(RotateShort, RotateLong, MSyntax::kNoArg);
-    syntax.addFlag(ScaleShort, ScaleLong, MSyntax::kNoArg);
-    syntax.setObjectType(MSyntax::kSelectionList, 1);
-    syntax.useSelectionAsDefault(true);
-    return syntax;
-}
+MSyntax Cmd::createSyntax() { return commandSyntax(Flags, true); }
 
-MStatus Cmd::doIt(const MArgList& args)
+MStatus Cmd::doIt(const MArgList& argList)
 {
-    MStatus status;
-    MArgDatabase argData(syntax(), args, &status);
-    if (!status) {
-        OV_REPORT(QStringLiteral("failed to parse args\n"), "doIt");
-        return status;
-    }
+    const CommandArgs args(syntax(), argList, Flags, OV_HERE("doIt"));
+    if (!args.status())
+        return args.status();
 
     MSelectionList objects;
-    status = argData.getObjects(objects);
-    if (!status) {
-        OV_REPORT(QStringLiteral("no object/s specified"), "doIt");
+    const MStatus status = args.getObjects(objects, OV_HERE("doIt"));
+    if (!status)
         return status;
-    }
 
-    fManager.setMode(argData.isFlagSet(TranslateShort), argData.isFlagSet(RotateShort),
-                     argData.isFlagSet(ScaleShort));
+    fManager.setMode(args.isSet(Translate), args.isSet(Rotate), args.isSet(Scale));
     fManager.reset(objects);
     fUndoable = true;
     return status;

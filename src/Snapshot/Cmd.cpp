@@ -1,8 +1,7 @@
 #include "Snapshot/Cmd.h"
 
-#include "Utils/Report.h"
+#include "Utils/Command.h"
 
-#include <maya/MArgDatabase.h>
 #include <maya/MSelectionList.h>
 
 namespace Snapshot {
@@ -11,43 +10,31 @@ const MString CommandName("OVSnapshot");
 
 namespace {
 
-const char* const ClearShort = "-c";
-const char* const ClearLong = "-clear";
+const CommandFlag Clear{"-c", "-clear", {}};
+const CommandFlags Flags = {&Clear};
 
 } // namespace
 
 void* Cmd::creator() { return new Cmd; }
 
-MSyntax Cmd::createSyntax()
-{
-    MSyntax syntax;
-    syntax.addFlag(ClearShort, ClearLong, MSyntax::kNoArg);
-    syntax.setObjectType(MSyntax::kSelectionList, 1);
-    syntax.useSelectionAsDefault(true);
-    return syntax;
-}
+MSyntax Cmd::createSyntax() { return commandSyntax(Flags, true); }
 
-MStatus Cmd::doIt(const MArgList& args)
+MStatus Cmd::doIt(const MArgList& argList)
 {
-    MStatus status;
-    MArgDatabase argData(syntax(), args, &status);
-    if (!status) {
-        OV_REPORT(QStringLiteral("failed to parse args\n"), "doIt");
-        return status;
-    }
+    const CommandArgs args(syntax(), argList, Flags, OV_HERE("doIt"));
+    if (!args.status())
+        return args.status();
 
     // Forgetting every pose needs no objects.
-    if (argData.isFlagSet(ClearShort)) {
+    if (args.isSet(Clear)) {
         fManager.clear();
         return MS::kSuccess;
     }
 
     MSelectionList objects;
-    status = argData.getObjects(objects);
-    if (!status) {
-        OV_REPORT(QStringLiteral("no object/s specified"), "doIt");
+    const MStatus status = args.getObjects(objects, OV_HERE("doIt"));
+    if (!status)
         return status;
-    }
     fManager.snapshot(objects);
     return status;
 }

@@ -2,9 +2,8 @@
 
 #include "CollectAnimation/DataBase.h"
 #include "TangentBlending/Manager.h"
-#include "Utils/Report.h"
+#include "Utils/Command.h"
 
-#include <maya/MArgDatabase.h>
 #include <maya/MFnAnimCurve.h>
 #include <maya/MSelectionList.h>
 
@@ -14,58 +13,42 @@ const MString CommandName("OVTangent");
 
 namespace {
 
-const char* const BlendTypeShort = "-bt";
-const char* const BlendTypeLong = "-blendType";
-const char* const InTangentShort = "-i";
-const char* const InTangentLong = "-inTangent";
-const char* const OutTangentShort = "-o";
-const char* const OutTangentLong = "-outTangent";
+const CommandFlag BlendType{"-bt", "-blendType", {MSyntax::kUnsigned}};
+const CommandFlag InTangent{"-i", "-inTangent", {}};
+const CommandFlag OutTangent{"-o", "-outTangent", {}};
+const CommandFlags Flags = {&BlendType, &InTangent, &OutTangent};
 
 } // namespace
 
 void* Cmd::creator() { return new Cmd; }
 
-MSyntax Cmd::createSyntax()
-{
-    MSyntax syntax;
-    syntax.addFlag(BlendTypeShort, BlendTypeLong, MSyntax::kUnsigned);
-    syntax.addFlag(InTangentShort, InTangentLong, MSyntax::kNoArg);
-    syntax.addFlag(OutTangentShort, OutTangentLong, MSyntax::kNoArg);
-    syntax.setObjectType(MSyntax::kSelectionList, 1);
-    syntax.useSelectionAsDefault(true);
-    return syntax;
-}
+MSyntax Cmd::createSyntax() { return commandSyntax(Flags, true); }
 
-MStatus Cmd::doIt(const MArgList& args)
+MStatus Cmd::doIt(const MArgList& argList)
 {
-    MStatus status;
-    MArgDatabase argData(syntax(), args, &status);
-    if (!status) {
-        OV_REPORT(QStringLiteral("failed to parse args\n"), "doIt");
-        return status;
-    }
+    const CommandArgs args(syntax(), argList, Flags, OV_HERE("doIt"));
+    if (!args.status())
+        return args.status();
 
     MSelectionList objects;
-    status = argData.getObjects(objects);
-    if (!status) {
-        OV_REPORT(QStringLiteral("no object/s specified"), "doIt");
+    const MStatus status = args.getObjects(objects, OV_HERE("doIt"));
+    if (!status)
         return status;
-    }
 
-    if (!argData.isFlagSet(BlendTypeShort)) {
-        OV_REPORT(flagText(BlendTypeShort, BlendTypeLong) + QStringLiteral(" flag required"), "doIt");
+    if (!args.isSet(BlendType)) {
+        OV_REPORT(BlendType.text() + QStringLiteral(" flag required"), "doIt");
         return MS::kFailure;
     }
     unsigned int index = 0;
-    argData.getFlagArgument(BlendTypeShort, 0, index);
+    args.database().getFlagArgument(BlendType.shortName, 0, index);
     if (index >= static_cast<unsigned int>(TangentBlending::TangentTypeCount)) {
         OV_REPORT(QStringLiteral("tangent type invalid"), "doIt");
         return MS::kFailure;
     }
 
     // No side flag means both sides.
-    const bool in = argData.isFlagSet(InTangentShort);
-    const bool out = argData.isFlagSet(OutTangentShort);
+    const bool in = args.isSet(InTangent);
+    const bool out = args.isSet(OutTangent);
     fInTangent = in || !out;
     fOutTangent = out || !in;
 

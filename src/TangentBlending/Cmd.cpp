@@ -1,8 +1,8 @@
 #include "TangentBlending/Cmd.h"
 
-#include "Utils/Report.h"
+#include "Utils/Arithmetic.h"
+#include "Utils/Command.h"
 
-#include <maya/MArgDatabase.h>
 #include <maya/MSelectionList.h>
 
 namespace TangentBlending {
@@ -11,16 +11,12 @@ const MString CommandName("OVTangentBlending");
 
 namespace {
 
-const char* const BlendTypeShort = "-bt";
-const char* const BlendTypeLong = "-blendType";
-const char* const BlendValueShort = "-bv";
-const char* const BlendValueLong = "-blendValue";
-const char* const InTangentShort = "-i";
-const char* const InTangentLong = "-inTangent";
-const char* const OutTangentShort = "-o";
-const char* const OutTangentLong = "-outTangent";
-const char* const InternalShort = "-il";
-const char* const InternalLong = "-internal";
+const CommandFlag BlendType{"-bt", "-blendType", {MSyntax::kDouble}};
+const CommandFlag BlendValue{"-bv", "-blendValue", {MSyntax::kDouble}};
+const CommandFlag InTangent{"-i", "-inTangent", {}};
+const CommandFlag OutTangent{"-o", "-outTangent", {}};
+const CommandFlag Internal{"-il", "-internal", {}};
+const CommandFlags Flags = {&BlendType, &BlendValue, &InTangent, &OutTangent, &Internal};
 
 } // namespace
 
@@ -32,64 +28,37 @@ Cmd::~Cmd()
 
 void* Cmd::creator() { return new Cmd; }
 
-MSyntax Cmd::createSyntax()
-{
-    MSyntax syntax;
-    syntax.addFlag(BlendTypeShort, BlendTypeLong, MSyntax::kDouble);
-    syntax.addFlag(BlendValueShort, BlendValueLong, MSyntax::kDouble);
-    syntax.addFlag(InTangentShort, InTangentLong, MSyntax::kNoArg);
-    syntax.addFlag(OutTangentShort, OutTangentLong, MSyntax::kNoArg);
-    syntax.addFlag(InternalShort, InternalLong, MSyntax::kNoArg);
-    syntax.setObjectType(MSyntax::kSelectionList, 1);
-    syntax.useSelectionAsDefault(true);
-    return syntax;
-}
+MSyntax Cmd::createSyntax() { return commandSyntax(Flags, true); }
 
-MStatus Cmd::doIt(const MArgList& args)
+MStatus Cmd::doIt(const MArgList& argList)
 {
-    MStatus status;
-    MArgDatabase argData(syntax(), args, &status);
-    if (!status) {
-        OV_REPORT(QStringLiteral("failed to parse args\n"), "doIt");
-        return status;
-    }
+    const CommandArgs args(syntax(), argList, Flags, OV_HERE("doIt"));
+    if (!args.status())
+        return args.status();
 
     // The slider's drag: this command only carries the Manager and its undo
     // record; the slider chooses the sides itself.
-    if (argData.isFlagSet(InternalShort)) {
+    if (args.isSet(Internal)) {
         activeData = &fManager;
         fUndoable = true;
-        return status;
+        return MS::kSuccess;
     }
 
     MSelectionList objects;
-    status = argData.getObjects(objects);
-    if (!status) {
-        OV_REPORT(QStringLiteral("no object/s specified"), "doIt");
+    const MStatus status = args.getObjects(objects, OV_HERE("doIt"));
+    if (!status)
         return status;
-    }
 
-    double blend = 0.0;
-    if (argData.isFlagSet(BlendValueShort))
-        blend = argData.flagArgumentDouble(BlendValueShort, 0);
-    else
-        OV_REPORT(QStringLiteral("no blend value specified so, the value 0 will be used\nto specify blend value use flag ")
-                      + flagText(BlendValueShort, BlendValueLong) + QStringLiteral("\n"),
-                  "doIt");
-
-    if (argData.isFlagSet(BlendTypeShort)) {
-        fManager.setBlendType(static_cast<int>(argData.flagArgumentDouble(BlendTypeShort, 0)));
-    } else {
-        OV_REPORT(QStringLiteral("no blend type specified\nso, the default blend type [")
-                      + tangentTypeName(DefaultTangentType) + QStringLiteral("] will be used\n\nuse flag ")
-                      + flagText(BlendTypeShort, BlendTypeLong) + QStringLiteral(" with any of these types:\n")
-                      + tangentTypeList(),
-                  "doIt");
-    }
+    const double blend = args.numberOr(BlendValue, 0.0, missingBlendValueText(BlendValue), OV_HERE("doIt"));
+    // Truncated toward zero; a number beyond any int is no type of the table.
+    const double type = args.numberOr(
+        BlendType, DefaultTangentType,
+        missingBlendTypeText(BlendType, tangentTypeName(DefaultTangentType), tangentTypeList()), OV_HERE("doIt"));
+    fManager.setBlendType(truncatedInt(type, -1));
 
     // No side flag means both sides.
-    const bool in = argData.isFlagSet(InTangentShort);
-    const bool out = argData.isFlagSet(OutTangentShort);
+    const bool in = args.isSet(InTangent);
+    const bool out = args.isSet(OutTangent);
     fManager.setInTangent(in || !out);
     fManager.setOutTangent(out || !in);
 

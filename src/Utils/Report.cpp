@@ -25,3 +25,9 @@ void reportError(const QString& message, const QString& line, const QString& fil
 {
     MGlobal::displayInfo(MString(formatReport(message, line, file, function).toUtf8().constData()));
 }
+
+void reportAt(const ReportSite& site, const QString& message)
+{
+    reportError(message, QString::number(site.line, 10), QString::fromUtf8(site.file),
+                QString::fromUtf8(site.function));
+}
