@@ -90,6 +90,8 @@ std::vector<std::string> channelBoxHighlight(ChannelBoxSection section);
 // timeControl answers with the range one frame past the last.
 void setTimeSliderHighlight(double first, double last);
 void clearTimeSliderHighlight();
+// False when nothing is highlighted.
+bool timeSliderHighlight(double& first, double& last);
 
 } // namespace mayasim::host
 #pragma GCC visibility pop

@@ -9,6 +9,7 @@
 
 #include <array>
 #include <optional>
+#include <tuple>
 
 namespace mayasim {
 
@@ -134,6 +135,14 @@ void setTimeSliderHighlight(double first, double last)
 void clearTimeSliderHighlight()
 {
     panels().sliderHighlight.reset();
+}
+
+bool timeSliderHighlight(double& first, double& last)
+{
+    if (!panels().sliderHighlight)
+        return false;
+    std::tie(first, last) = *panels().sliderHighlight;
+    return true;
 }
 
 } // namespace host

@@ -1,0 +1,93 @@
+#include "GuiTest.h"
+
+#include <maya/MDoubleArray.h>
+#include <mayasim/Host.h>
+
+#include <QtWidgets/QApplication>
+
+#include <memory>
+
+// Qt 5.15's offscreen platform never frees its screen and cursor; the
+// allocations are told apart by the whole stack, so it is kept for them.
+extern "C" const char* __lsan_default_suppressions()
+{
+    return "leak:QGuiApplicationPrivate::createPlatformIntegration\n";
+}
+extern "C" const char* __asan_default_options()
+{
+    return "fast_unwind_on_malloc=0";
+}
+
+namespace {
+
+// One QApplication for the program, made before any test runs.
+class Application : public ::testing::Environment
+{
+public:
+    void SetUp() override
+    {
+        mayasim::gui::prepareEnvironment();
+        fApplication = std::make_unique<QApplication>(fArgc, fArgv);
+        mayasim::gui::applyLook();
+    }
+    void TearDown() override { fApplication.reset(); }
+
+private:
+    int fArgc = 1;
+    char fName[16] = "mayasim_gui";
+    char* fArgv[2] = {fName, nullptr};
+    std::unique_ptr<QApplication> fApplication;
+};
+
+const auto* const kApplication = ::testing::AddGlobalTestEnvironment(new Application);
+
+} // namespace
+
+void GuiTest::SetUp()
+{
+    ASSERT_TRUE(openEmptyScene());
+    mayasim::gui::openMainWindow(1000, 600);
+    QApplication::processEvents();
+    mayasim::host::clearOutput();
+}
+
+void GuiTest::TearDown()
+{
+    mayasim::gui::closeMainWindow();
+}
+
+std::vector<std::string> GuiTest::strings(const std::string& command)
+{
+    MStringArray result;
+    EXPECT_TRUE(MGlobal::executeCommand(command.c_str(), result)) << command;
+    std::vector<std::string> items;
+    for (unsigned int i = 0; i < result.length(); ++i)
+        items.push_back(result[i].asChar());
+    return items;
+}
+
+std::vector<double> GuiTest::numbers(const std::string& command)
+{
+    MDoubleArray result;
+    EXPECT_TRUE(MGlobal::executeCommand(command.c_str(), result)) << command;
+    std::vector<double> items;
+    for (unsigned int i = 0; i < result.length(); ++i)
+        items.push_back(result[i]);
+    return items;
+}
+
+double GuiTest::number(const std::string& command)
+{
+    double result = 0;
+    EXPECT_TRUE(MGlobal::executeCommand(command.c_str(), result)) << command;
+    return result;
+}
+
+std::string GuiTest::lastError()
+{
+    std::string error;
+    for (const auto& line : mayasim::host::output())
+        if (line.kind == mayasim::host::OutputLine::Kind::Error)
+            error = line.text;
+    return error;
+}
