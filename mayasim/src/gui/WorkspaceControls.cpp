@@ -82,8 +82,9 @@ void close(const std::string& name, Control& control)
         return;
     }
     QDockWidget* dock = control.dock;
+    const bool later = control.deleteLater;
     controls().erase(name);
-    if (control.deleteLater)
+    if (later)
         dock->deleteLater();
     else
         delete dock;
@@ -200,8 +201,10 @@ MelValue workspaceControlCommand(const Invocation& call)
         throw MelError("workspaceControl: Object '" + name + "' not found.");
     if (args.has("query"))
         return query(*control, args);
+    // The path before the edit: closing may delete the control.
+    const std::string path = fullName(control->widget).toStdString();
     edit(name, *control, args);
-    return MelValue::ofString(fullName(control->widget).toStdString());
+    return MelValue::ofString(path);
 }
 
 BuiltinRegistrar registrar("workspaceControl", workspaceControlCommand);
