@@ -3,6 +3,7 @@
 #include "gui/GuiHost.h"
 
 #include "gui/ChannelBox.h"
+#include "gui/Hotkeys.h"
 #include "gui/TimeSlider.h"
 #include "gui/WorkspaceControls.h"
 
@@ -268,6 +269,7 @@ QWidget* openMainWindow(int width, int height)
     h.window = buildMainWindow();
     h.window->resize(width, height);
     h.window->show();
+    installHotkeys(h.window);
     startIdleDriver();
     syncWidgets();
     return h.window;

@@ -1,0 +1,98 @@
+// Hotkey sets, named commands and hotkeys, pressed through mayasimUi.
+#include "GuiTest.h"
+
+#include <maya/MQtUtil.h>
+
+#include <QtCore/QDir>
+#include <QtCore/QFile>
+#include <QtCore/QTemporaryDir>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QMenu>
+
+#include <gmock/gmock.h>
+
+#include <cstdlib>
+
+using ::testing::HasSubstr;
+
+namespace {
+
+const char* const kCounts = "global int $gPresses; global int $gReleases; ";
+
+} // namespace
+
+TEST_F(GuiTest, HotkeysRunTheirNamedCommandsOncePerPress)
+{
+    // Maya's own set is current at start and can't be changed.
+    EXPECT_EQ(text("hotkeySet -q -current"), "Maya_Default");
+    EXPECT_EQ(text("hotkeySet -exists Maya_Default"), "1");
+    ASSERT_TRUE(mel(std::string(kCounts) + "$gPresses = 0; $gReleases = 0;"));
+    ASSERT_TRUE(mel("nameCommand -annotation \"Count a press\" -command \"global int $gPresses; $gPresses = $gPresses + 1\" "
+                    "countPress"));
+    ASSERT_TRUE(mel("nameCommand -annotation \"Count a release\" -command \"global int $gReleases; $gReleases = $gReleases + 1\" "
+                    "countRelease"));
+    EXPECT_FALSE(mel("hotkey -k \"k\" -ctl -name countPress"));
+    EXPECT_THAT(lastError(), HasSubstr("'Maya_Default' is locked"));
+
+    ASSERT_TRUE(mel("hotkeySet -source Maya_Default -current Animator"));
+    EXPECT_EQ(text("hotkeySet -q -current"), "Animator");
+    EXPECT_FALSE(mel("hotkeySet Animator"));
+    ASSERT_TRUE(mel("hotkey -k \"k\" -ctl -name countPress -releaseName countRelease"));
+    EXPECT_EQ(text("hotkey -q -name -k \"k\" -ctl"), "countPress");
+    EXPECT_EQ(text("hotkey -q -releaseName -k \"k\" -ctl"), "countRelease");
+    EXPECT_EQ(text("hotkey -q -name -k \"k\""), "");
+    EXPECT_FALSE(mel("hotkey -k \"k\" -name noSuchCommand"));
+
+    // One press, however long auto-repeat runs, and one release; the
+    // modifiers reach the application as with a real keyboard.
+    ASSERT_TRUE(mel("mayasimUi -keyPress \"Ctrl+K\""));
+    EXPECT_EQ(QGuiApplication::keyboardModifiers(), Qt::ControlModifier);
+    EXPECT_EQ(QApplication::keyboardModifiers(), Qt::ControlModifier);
+    ASSERT_TRUE(mel("mayasimUi -keyRelease \"Ctrl+K\" -autoRepeat; mayasimUi -keyPress \"Ctrl+K\" -autoRepeat; "
+                    "mayasimUi -keyRelease \"Ctrl+K\" -autoRepeat; mayasimUi -keyPress \"Ctrl+K\" -autoRepeat"));
+    EXPECT_EQ(number(std::string(kCounts) + "$n = $gPresses"), 1);
+    EXPECT_EQ(number(std::string(kCounts) + "$n = $gReleases"), 0);
+    ASSERT_TRUE(mel("mayasimUi -keyRelease \"Ctrl+K\""));
+    EXPECT_EQ(number(std::string(kCounts) + "$n = $gReleases"), 1);
+    EXPECT_EQ(QGuiApplication::keyboardModifiers(), Qt::NoModifier);
+    // Without Ctrl it is another key.
+    ASSERT_TRUE(mel("mayasimUi -key \"K\""));
+    EXPECT_EQ(number(std::string(kCounts) + "$n = $gPresses"), 1);
+
+    // Keys still work while a popup menu holds the keyboard, and the driver
+    // picks the popup's entries.
+    QMenu menu(MQtUtil::mainWindow());
+    bool framed = false;
+    QObject::connect(menu.addAction("Frame All"), &QAction::triggered, [&] { framed = true; });
+    menu.popup(QPoint(100, 100));
+    QApplication::processEvents();
+    ASSERT_EQ(QApplication::activePopupWidget(), &menu);
+    ASSERT_TRUE(mel("mayasimUi -key \"Ctrl+K\""));
+    EXPECT_EQ(number(std::string(kCounts) + "$n = $gPresses"), 2);
+    EXPECT_EQ(number(std::string(kCounts) + "$n = $gReleases"), 2);
+    ASSERT_TRUE(mel("mayasimUi -menu \"Frame All\""));
+    EXPECT_TRUE(framed);
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+
+    // Empty names unbind.
+    ASSERT_TRUE(mel("hotkey -k \"k\" -ctl -name \"\" -releaseName \"\""));
+    EXPECT_EQ(text("hotkey -q -name -k \"k\" -ctl"), "");
+    ASSERT_TRUE(mel("mayasimUi -key \"Ctrl+K\""));
+    EXPECT_EQ(number(std::string(kCounts) + "$n = $gPresses"), 2);
+
+    // savePrefs -hotkeys writes the named commands and the user's sets.
+    ASSERT_TRUE(mel("hotkey -k \"F5\" -alt -name countPress"));
+    QTemporaryDir prefs;
+    ASSERT_TRUE(prefs.isValid());
+    setenv("MAYA_APP_DIR", prefs.path().toUtf8().constData(), 1);
+    ASSERT_TRUE(mel("savePrefs -hotkeys"));
+    unsetenv("MAYA_APP_DIR");
+    QFile keys(QDir(prefs.path()).filePath("2022/prefs/hotkeys/Animator.mhk"));
+    ASSERT_TRUE(keys.open(QIODevice::ReadOnly));
+    EXPECT_THAT(keys.readAll().toStdString(),
+                HasSubstr("hotkey -keyShortcut \"F5\" -alt -name \"countPress\" -releaseName \"\";"));
+    QFile named(QDir(prefs.path()).filePath("2022/prefs/userNamedCommands.mel"));
+    ASSERT_TRUE(named.open(QIODevice::ReadOnly));
+    EXPECT_THAT(named.readAll().toStdString(), HasSubstr("\"countRelease\";"));
+    ASSERT_TRUE(mel("hotkeySet -e -current Maya_Default"));
+}
