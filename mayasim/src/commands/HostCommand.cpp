@@ -4,6 +4,10 @@
 
 #include <mayasim/Host.h>
 
+#include <QtCore/QObject>
+#include <QtCore/QUrl>
+#include <QtGui/QDesktopServices>
+
 #include <map>
 #include <sstream>
 
@@ -12,6 +16,33 @@ namespace mayasim {
 namespace {
 
 using host::ChannelBoxSection;
+
+// The host records the addresses handed to QDesktopServices::openUrl
+// instead of starting a browser.
+class UrlRecorder : public QObject
+{
+    Q_OBJECT
+
+public:
+    UrlRecorder()
+    {
+        for (const char* scheme : {"http", "https", "file", "mailto", "ftp"})
+            QDesktopServices::setUrlHandler(scheme, this, "open");
+    }
+    std::vector<std::string> urls;
+
+public slots:
+    void open(const QUrl& url) { urls.push_back(url.toString().toStdString()); }
+};
+
+UrlRecorder& urlRecorder()
+{
+    static UrlRecorder recorder;
+    return recorder;
+}
+
+// Installed when the library loads, before any plug-in can open an address.
+const UrlRecorder& kInstalled = urlRecorder();
 
 ChannelBoxSection sectionNamed(const std::string& name)
 {
@@ -46,7 +77,9 @@ MelValue mayasimHost(const Invocation& call)
                            {"tsh", "timeSliderHighlight", 2},
                            {"s", "sent", 0},
                            {"cs", "clearSent", 0},
-                           {"cc", "callbackCount", 0}});
+                           {"cc", "callbackCount", 0},
+                           {"u", "urls", 0},
+                           {"cu", "clearUrls", 0}});
     if (!args.positional().empty())
         throw MelError("mayasimHost: Too many arguments.");
     if (args.has("query"))
@@ -60,10 +93,14 @@ MelValue mayasimHost(const Invocation& call)
         }
         if (args.has("callbackCount"))
             return MelValue::ofInt(static_cast<long>(host::callbackCount()));
+        if (args.has("urls"))
+            return MelValue::ofStrings(urlRecorder().urls);
         throw MelError("mayasimHost: Nothing to query.");
     }
     if (args.has("clearSent"))
         host::clearSentCommands();
+    if (args.has("clearUrls"))
+        urlRecorder().urls.clear();
     if (args.has("channelBox"))
     {
         const std::vector<Word>& words = args.args("channelBox");
@@ -111,3 +148,5 @@ BuiltinRegistrar registrar("mayasimHost", mayasimHost);
 } // namespace
 
 } // namespace mayasim
+
+#include "HostCommand.moc"

@@ -7,6 +7,8 @@
 #include <maya/MTimerMessage.h>
 #include <mayasim/Host.h>
 
+#include <QtCore/QUrl>
+#include <QtGui/QDesktopServices>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QColorDialog>
 #include <QtWidgets/QDockWidget>
@@ -130,6 +132,11 @@ TEST_F(GuiTest, HostDriverCommand)
     EXPECT_FALSE(mel("mayasimHost -channelBox middle \"tx\""));
     EXPECT_THAT(lastError(), HasSubstr("Invalid channel box section: middle"));
     EXPECT_FALSE(mel("mayasimHost -timeSliderHighlight 9 5"));
+
+    // Addresses are recorded, not opened.
+    ASSERT_TRUE(mel("mayasimHost -clearUrls"));
+    EXPECT_TRUE(QDesktopServices::openUrl(QUrl("https://example.com/help#keys")));
+    EXPECT_THAT(strings("mayasimHost -q -urls"), ElementsAre("https://example.com/help#keys"));
 
     // What was handed to MGlobal, with its flags.
     ASSERT_TRUE(mel("mayasimHost -clearSent"));
