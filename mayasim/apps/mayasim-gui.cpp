@@ -94,9 +94,13 @@ bool run(const Options& options)
     for (const auto& [isScript, text] : options.steps)
         ok = (isScript ? mayasim::host::runScript(text) : MGlobal::executeCommand(text.c_str(), true, true)) && ok;
     if (!options.screenshot.empty())
-        ok = MGlobal::executeCommand(("mayasimUi -screenshot " + melString(options.screenshot)).c_str(), false,
-                                     false) &&
-             ok;
+    {
+        const bool saved =
+            MGlobal::executeCommand(("mayasimUi -screenshot " + melString(options.screenshot)).c_str(), false, false);
+        if (saved)
+            std::cout << "Screenshot: " << options.screenshot << std::endl;
+        ok = saved && ok;
+    }
     return ok;
 }
 

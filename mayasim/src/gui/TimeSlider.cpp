@@ -50,12 +50,13 @@ void setCurrentFrame(double frame)
     MAnimControl::setCurrentTime(MTime(frame, MTime::uiUnit()));
 }
 
-// The objects whose keys the slider marks: the active selection. Once the
-// host keeps timeControl's -mainListConnection list, that list goes here.
+// The keys of the objects of the slider's main list: the active selection,
+// or the selection connection timeControl -mainListConnection gave it.
 std::vector<double> keyTimes()
 {
     MSelectionList selection;
-    MGlobal::getActiveSelectionList(selection);
+    for (const std::string& name : mayasim::host::timeSliderObjects())
+        selection.add(name.c_str());
     std::set<double> times;
     for (unsigned int i = 0; i < selection.length(); ++i)
     {
@@ -173,6 +174,19 @@ void TimeSlider::paintEvent(QPaintEvent*)
         return QRect(alignRight ? int(x) - width - 2 : int(x) + 2, textTop, width, textHeight);
     };
 
+    // The current frame's label goes beside its block, inside the slider.
+    const bool showCurrent = fView.current >= fView.first && fView.current <= fView.last;
+    const QRectF block(xOf(fView.current), 0, std::max(2.0, w), height());
+    QRect currentLabel = frameLabel(fView.current, block.right(), false);
+    if (currentLabel.right() > width())
+        currentLabel = frameLabel(fView.current, block.left(), true);
+    if (showCurrent)
+        taken.push_back(currentLabel);
+    const auto isFree = [&](const QRect& label) {
+        return std::none_of(taken.begin(), taken.end(),
+                            [&](const QRect& other) { return other.adjusted(-4, 0, 4, 0).intersects(label); });
+    };
+
     if (fView.highlight)
     {
         // Maya's highlight: a red band over the range, its ends' frames at
@@ -181,15 +195,14 @@ void TimeSlider::paintEvent(QPaintEvent*)
         const QRectF band(xOf(a), 0, (b - a + 1) * w, height());
         painter.fillRect(band, kHighlight);
         painter.setPen(Qt::white);
-        const QRect start = frameLabel(a, band.left(), false);
-        painter.drawText(start, Qt::AlignLeft | Qt::AlignVCenter, frameText(a));
-        taken.push_back(start);
-        if (b != a)
-        {
-            const QRect end = frameLabel(b, band.right(), true);
-            painter.drawText(end, Qt::AlignRight | Qt::AlignVCenter, frameText(b));
-            taken.push_back(end);
-        }
+        const std::pair<double, QRect> ends[] = {{a, frameLabel(a, band.left(), false)},
+                                                 {b, frameLabel(b, band.right(), true)}};
+        for (const auto& [frame, label] : ends)
+            if (isFree(label))
+            {
+                painter.drawText(label, Qt::AlignCenter, frameText(frame));
+                taken.push_back(label);
+            }
         const QPointF middle(band.center().x(), height() - 9);
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setBrush(Qt::white);
@@ -206,17 +219,12 @@ void TimeSlider::paintEvent(QPaintEvent*)
                              kKey);
 
     // The current time: a light block one frame wide, its frame beside it.
-    if (fView.current >= fView.first && fView.current <= fView.last)
+    if (showCurrent)
     {
-        const QRectF block(xOf(fView.current), 0, std::max(2.0, w), height());
         painter.fillRect(block, kCurrent);
-        QRect label = frameLabel(fView.current, block.right(), false);
-        if (label.right() > width())
-            label = frameLabel(fView.current, block.left(), true);
-        painter.fillRect(label, QColor(30, 30, 30));
+        painter.fillRect(currentLabel, QColor(30, 30, 30));
         painter.setPen(QColor(255, 255, 255));
-        painter.drawText(label, Qt::AlignCenter, frameText(fView.current));
-        taken.push_back(label);
+        painter.drawText(currentLabel, Qt::AlignCenter, frameText(fView.current));
     }
 
     // Ticks: a short one per frame when there is room (else per few
@@ -234,9 +242,7 @@ void TimeSlider::paintEvent(QPaintEvent*)
         if (!labelled)
             continue;
         const QRect label = frameLabel(frame, x, false);
-        const bool covered = std::any_of(taken.begin(), taken.end(),
-                                         [&](const QRect& other) { return other.adjusted(-4, 0, 4, 0).intersects(label); });
-        if (!covered && label.right() < width())
+        if (isFree(label) && label.right() < width())
         {
             painter.setPen(kLabel);
             painter.drawText(label, Qt::AlignLeft | Qt::AlignVCenter, QString::number(frame));
