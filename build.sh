@@ -1,11 +1,11 @@
 #!/usr/bin/env bash
-# ./build.sh demo   build release and run mayasim-batch on the bundled demo scene
+# ./build.sh demo   build release and open mayasim-gui on the bundled demo scene (offscreen without a display)
 # ./build.sh test   build with AddressSanitizer + UBSan and run every test
 # ./build.sh bench  build release and run the benchmarks
 set -euo pipefail
 cd "$(dirname "$0")"
 
-packages=(cmake g++ ninja-build pkg-config ccache qtbase5-dev libgtest-dev libgmock-dev libbenchmark-dev)
+packages=(cmake g++ ninja-build pkg-config ccache qtbase5-dev libgtest-dev libgmock-dev libbenchmark-dev fonts-dejavu-core)
 
 install_missing() {
     local missing=()
@@ -37,7 +37,18 @@ case "${1:-}" in
 demo)
     install_missing
     configure_and_build build/release -DCMAKE_BUILD_TYPE=Release -DORVANE_BUILD_TESTS=OFF
-    exec build/release/mayasim/mayasim-batch -plugin build/release/orvane.so -file demo/demo.ma -script demo/demo.mel
+    # The demo in the interface: on the desktop when there is one, offscreen
+    # otherwise, with a screenshot of each step under the build folder.
+    shots=build/release/demo-shots
+    mkdir -p "$shots"
+    close=()
+    [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ] && close=(-exit)
+    status=0
+    build/release/mayasim/mayasim-gui -plugin build/release/orvane.so -file demo/demo.ma \
+        -command "global string \$gDemoShots = \"$shots\"" -script demo/demo-gui.mel -script demo/demo.mel \
+        -screenshot "$shots/04-after-blends.png" "${close[@]}" || status=$?
+    echo "Screenshots of each step: $shots/"
+    exit "$status"
     ;;
 test)
     install_missing
