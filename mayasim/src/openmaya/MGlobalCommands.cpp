@@ -6,6 +6,7 @@
 #include "engine/Interpreter.h"
 #include "engine/Output.h"
 #include "engine/UndoQueue.h"
+#include "gui/GuiHost.h"
 
 #include <mayasim/Host.h>
 
@@ -75,7 +76,8 @@ MGlobal::MMayaState MGlobal::mayaState(MStatus* ReturnStatus)
 {
     if (ReturnStatus)
         *ReturnStatus = MS::kSuccess;
-    return kLibraryApp;
+    // The GUI host is Maya with its interface; without it, a library app.
+    return mayasim::gui::mainWindow() ? kInteractive : kLibraryApp;
 }
 
 MStatus MGlobal::sourceFile(const MString& fileName)

@@ -22,6 +22,7 @@ TEST_F(GuiTest, MQtUtilFindsTheHostControls)
 {
     QWidget* window = MQtUtil::mainWindow();
     ASSERT_NE(window, nullptr);
+    EXPECT_EQ(MGlobal::mayaState(), MGlobal::kInteractive);
     EXPECT_EQ(window->objectName(), "MayaWindow");
     EXPECT_EQ(MQtUtil::findWindow("MayaWindow"), window);
 
@@ -58,6 +59,7 @@ TEST_F(GuiTest, MQtUtilFindsTheHostControls)
     // Without the interface (batch mode) there is no main window and no mayasimUi.
     mayasim::gui::closeMainWindow();
     EXPECT_EQ(MQtUtil::mainWindow(), nullptr);
+    EXPECT_EQ(MGlobal::mayaState(), MGlobal::kLibraryApp);
     EXPECT_EQ(MQtUtil::findControl("timeControl1"), nullptr);
     EXPECT_FALSE(mel("mayasimUi -q -exists timeControl1"));
     EXPECT_THAT(lastError(), HasSubstr("not available in batch mode"));
