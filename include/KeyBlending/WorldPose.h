@@ -10,6 +10,7 @@
 #include <maya/MQuaternion.h>
 #include <maya/MString.h>
 #include <maya/MTime.h>
+#include <maya/MVector.h>
 
 #include <map>
 #include <tuple>
@@ -29,6 +30,10 @@ struct PoseChannels
     // Radians, in the object's rotation order.
     double rotate[3] = {0.0, 0.0, 0.0};
     double scale[3] = {1.0, 1.0, 1.0};
+    // The rotate channels at the key's own time, read at the press: of the
+    // angles that give the blended rotation, rotate takes those nearest
+    // these, so a channel keyed past a half turn keeps its winding.
+    MVector keyRotate;
 };
 
 // What lies between a pose's rotation and the object's rotate channels, and
@@ -45,6 +50,13 @@ struct ObjectSpace
 // A key's own time and the two times its pose is blended from.
 using TimeTriple = std::tuple<MTime, MTime, MTime>;
 
+// Read at the press, from the object as it stands.
+ObjectSpace readObjectSpace(TransformReader& reader);
+// The rotate plug of a node; null if it has none.
+MPlug rotatePlug(const MObject& node);
+// The three angles of an angle triple plug at a time; zero for a null plug.
+MVector anglesAt(const MPlug& plug, const MTime& time);
+
 // One collected object and the frame records of its keys. Key is what a key
 // is matched to its record by.
 template <typename Frame, typename Key>
@@ -60,6 +72,15 @@ struct ObjectRecord
         return found == firstFrame.end() ? nullptr : &frames[found->second];
     }
 
+    // Once the object has frames: its space, and each frame's keyRotate.
+    void readSpace()
+    {
+        space = readObjectSpace(reader);
+        const MPlug rotate = rotatePlug(reader.object());
+        for (Frame& frame : frames)
+            frame.keyRotate = anglesAt(rotate, frame.time);
+    }
+
     CollectAnimation::NodeKeys* source;
     TransformReader reader;
     std::vector<Frame> frames;
@@ -69,11 +90,9 @@ struct ObjectRecord
     ObjectSpace space;
 };
 
-// Read at the press, from the object as it stands.
-ObjectSpace readObjectSpace(TransformReader& reader);
-
 // Blends the poses of the parent-space matrices a and b by t into pose: the
-// rotation along the shortest arc, scale and the pivot's path in a line.
+// rotation along the shortest arc, as the angles nearest pose.keyRotate;
+// scale and the pivot's path in a line.
 void blendPose(const MMatrix& a, const MMatrix& b, double t, const ObjectSpace& object, PoseChannels& pose);
 
 // The component of pose that the curve named name drives, found by the

@@ -1,4 +1,6 @@
 #pragma once
+#include <maya/MEulerRotation.h>
+#include <maya/MQuaternion.h>
 #include <maya/MTime.h>
 #include <maya/MVector.h>
 
@@ -41,4 +43,14 @@ inline int truncatedInt(double v, int fallback)
     if (!(v > static_cast<double>(INT_MIN) - 1.0 && v < static_cast<double>(INT_MAX) + 1.0))
         return fallback;
     return static_cast<int>(v);
+}
+
+// The Euler angles (radians, in the order) of a rotation that lie nearest
+// to near: whole turns added or taken per channel, and the alternate
+// solution considered, as Maya's Euler filter does. A matrix or quaternion
+// alone gives the principal angles, which would turn a channel keyed at 270
+// degrees into -90.
+inline MVector nearestEuler(const MQuaternion& rotation, MEulerRotation::RotationOrder order, const MVector& near)
+{
+    return rotation.asEulerRotation().reorderIt(order).closestSolution(MEulerRotation(near, order)).asVector();
 }

@@ -102,7 +102,7 @@ void InfinityWorldSpace::prepare(NodeKeysList& nodes)
                 if (isTransformCurve(curve.curve))
                     addCurveFrames(object, known, curve);
         if (!object.frames.empty())
-            object.space = readObjectSpace(object.reader);
+            object.readSpace();
         fObjects.push_back(std::move(object));
     }
 }

@@ -2,6 +2,8 @@
 
 #include "Utils/Arithmetic.h"
 
+#include <maya/MDGContext.h>
+#include <maya/MDGContextGuard.h>
 #include <maya/MDoubleArray.h>
 #include <maya/MEulerRotation.h>
 #include <maya/MFnDependencyNode.h>
@@ -14,15 +16,18 @@ namespace KeyBlending {
 
 namespace {
 
-// An angle triple plug as a rotation in Maya's default XYZ order; identity
-// when the plug is missing.
-MQuaternion rotationOf(const MPlug& plug)
+// The three angles of an angle triple plug; zero when the plug is missing.
+MVector anglesOf(const MPlug& plug)
 {
     const MDoubleArray angles = TransformReader::childValues(plug);
     if (angles.length() < 3)
-        return MQuaternion();
-    return MEulerRotation(angles[0], angles[1], angles[2]).asQuaternion();
+        return MVector();
+    return MVector(angles[0], angles[1], angles[2]);
 }
+
+// An angle triple plug as a rotation in Maya's default XYZ order; identity
+// when the plug is missing.
+MQuaternion rotationOf(const MPlug& plug) { return MEulerRotation(anglesOf(plug)).asQuaternion(); }
 
 // The translation the pivot would have if the matrix turned about it:
 // translation row + pivot * rotation - pivot.
@@ -50,10 +55,7 @@ void store(const MVector& value, double (&channels)[3])
 ObjectSpace readObjectSpace(TransformReader& reader)
 {
     ObjectSpace space;
-    MPlug rotateAxis = reader.plugFor(TransformReader::RotateAxis);
-    if (rotateAxis.isNull())
-        rotateAxis = reader.tryAdd(TransformReader::RotateAxis, "rotateAxis", false);
-    space.rotateAxisQ = rotationOf(rotateAxis);
+    space.rotateAxisQ = rotationOf(reader.attribute(TransformReader::RotateAxis));
     const MFnDependencyNode node(reader.object());
     if (node.hasAttribute("jointOrient"))
         space.jointOrientQ = rotationOf(node.findPlug("jointOrient", false));
@@ -61,6 +63,19 @@ ObjectSpace readObjectSpace(TransformReader& reader)
     // MTransformationMatrix counts its orders from one above MEulerRotation's.
     space.rotationOrder = std::max(reader.rotationOrder() - 1, 0);
     return space;
+}
+
+MPlug rotatePlug(const MObject& node)
+{
+    const MFnDependencyNode fn(node);
+    return fn.hasAttribute("rotate") ? fn.findPlug("rotate", false) : MPlug();
+}
+
+MVector anglesAt(const MPlug& plug, const MTime& time)
+{
+    const MDGContext context(time);
+    const MDGContextGuard guard(context);
+    return anglesOf(plug);
 }
 
 void blendPose(const MMatrix& a, const MMatrix& b, double t, const ObjectSpace& object, PoseChannels& pose)
@@ -74,9 +89,8 @@ void blendPose(const MMatrix& a, const MMatrix& b, double t, const ObjectSpace& 
     // is the object's own rotate channels.
     const MQuaternion rotation = object.rotateAxisQ.inverse() * slerp(rotationA, rotationB, t)
                                  * object.jointOrientQ.inverse();
-    MEulerRotation euler = rotation.asEulerRotation();
-    euler.reorderIt(static_cast<MEulerRotation::RotationOrder>(object.rotationOrder));
-    store(euler.asVector(), pose.rotate);
+    store(nearestEuler(rotation, static_cast<MEulerRotation::RotationOrder>(object.rotationOrder), pose.keyRotate),
+          pose.rotate);
 
     double scaleA[3];
     double scaleB[3];

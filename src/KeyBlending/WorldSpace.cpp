@@ -47,7 +47,7 @@ void WorldSpace::prepare(NodeKeysList& nodes)
                 }
             }
         if (!object.frames.empty())
-            object.space = readObjectSpace(object.reader);
+            object.readSpace();
         fObjects.push_back(std::move(object));
     }
 }

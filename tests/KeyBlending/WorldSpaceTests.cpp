@@ -13,7 +13,9 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <cmath>
+#include <set>
 
 using ::testing::DoubleNear;
 using ::testing::ElementsAre;
@@ -352,6 +354,104 @@ TEST_F(InfinitySides, ADragIsOneUndoStep)
         releaseSlider(*data);
         EXPECT_THAT(keyValues("obj_translateX"), near({5, -95, 5, 35, 40}));
     });
+}
+
+// A pose comes back from a matrix as angles: of all that give it, each key
+// takes those nearest its own, per channel by whole turns and between the
+// two Euler solutions, so no channel jumps a turn or flips.
+class Windings : public WorldSpaceBlends
+{
+protected:
+    void SetUp() override
+    {
+        WorldSpaceBlends::SetUp();
+        // A turn keyed through 270 degrees: the matrix alone would say -90.
+        ASSERT_TRUE(mel("createNode transform -n wound"));
+        keyPlug("wound.rz", {{1, 0}, {5, 270}, {9, 300}});
+        // One pose keyed as two angle triples: (0, 180, 0) is the alternate
+        // solution of (180, 0, 180), the one a matrix gives.
+        ASSERT_TRUE(mel("createNode transform -n flipped"));
+        keyPlug("flipped.rx", {{1, 0}, {5, 0}, {9, 0}});
+        keyPlug("flipped.ry", {{1, 170}, {5, 180}, {9, 190}});
+        keyPlug("flipped.rz", {{1, 0}, {5, 0}, {9, 0}});
+        ASSERT_TRUE(mel("createNode transform -n upright"));
+        keyPlug("upright.rx", {{1, 180}, {5, 180}, {9, 180}});
+        keyPlug("upright.ry", {{1, 10}, {5, 0}, {9, -10}});
+        keyPlug("upright.rz", {{1, 180}, {5, 180}, {9, 180}});
+        pickChannelKeys("wound", {"rotateZ"}, {1});
+        pickChannelKeys("flipped", {"rotateX", "rotateY", "rotateZ"}, {1});
+        pickChannelKeys("upright", {"rotateX", "rotateY", "rotateZ"}, {1});
+    }
+
+    // Each channel within degrees of the keys' own angles.
+    static auto within(double degrees) { return Pointwise(DoubleNear(degrees), keyed); }
+
+    static const inline std::vector<std::string> curves = {
+        "wound_rotateZ",   "flipped_rotateX", "flipped_rotateY", "flipped_rotateZ",
+        "upright_rotateX", "upright_rotateY", "upright_rotateZ"};
+    static const inline std::vector<double> keyed = {270, 0, 180, 0, 180, 0, 180};
+};
+
+TEST_F(Windings, AtRestEveryKeyKeepsItsAnglesAndASmallStepStaysNearThem)
+{
+    for (const auto& [type, flags] : {std::pair{NeighborsWorldSpace, ""}, std::pair{FrameWorldSpace, "-ft 1 9"},
+                                      std::pair{InfinityWorldSpace, ""}}) {
+        SCOPED_TRACE(type);
+        EXPECT_THAT(blendedAt(type, 0, curves, 1, flags), within(tolerance));
+        for (double x : {0.02, -0.02})
+            EXPECT_THAT(blendedAt(type, x, curves, 1, flags), within(2.5)) << x;
+    }
+    // World Space at rest is the pose halfway between the neighbours: the
+    // short way from 0 to 300 passes -30, which lies 60 from 270 as 330.
+    EXPECT_THAT(blendedAt(WorldSpace, 0, curves, 1), near({330, 0, 180, 0, 180, 0, 180}));
+    EXPECT_THAT(blendedAt(WorldSpace, 0.02, curves, 1),
+                Pointwise(DoubleNear(1), std::vector<double>{329.4, 0, 180, 0, 180, 0, 180}));
+}
+
+TEST_F(Windings, ADragStaysNearTheKeysFromItsFirstStep)
+{
+    expectOneUndoStep([this] {
+        KeyBlending::Data* data = pressSlider(NeighborsWorldSpace);
+        ASSERT_NE(data, nullptr);
+        for (double x : {0.0, 0.01, 0.03, -0.02, 0.0}) {
+            data->blend(x);
+            std::vector<double> values;
+            for (const std::string& curve : curves)
+                values.push_back(keyValues(curve)[1]);
+            EXPECT_THAT(values, within(5)) << x;
+        }
+        releaseSlider(*data);
+    });
+}
+
+// A node without transform attributes whose curve is named like a channel:
+// it blends toward identity poses, and what its reader misses is reported
+// once per drag, not at every step.
+TEST_F(WorldSpaceBlends, AMissingTransformAttributeIsReportedOncePerDrag)
+{
+    ASSERT_TRUE(mel("createNode unknown -n net"));
+    ASSERT_TRUE(mel("addAttr -ln mytranslateX -at double net"));
+    keyPlug("net.mytranslateX", {{1, 0}, {5, 3}, {9, 10}});
+    pickChannelKeys("net", {"mytranslateX"}, {1});
+    for (int type : {WorldSpace, NeighborsWorldSpace, FrameWorldSpace, InfinityWorldSpace}) {
+        SCOPED_TRACE(type);
+        mayasim::host::clearOutput();
+        expectOneUndoStep([type] {
+            KeyBlending::Data* data = pressSlider(type);
+            ASSERT_NE(data, nullptr);
+            for (double x : {0.1, 0.2, -0.3, 0.4, 1.0})
+                data->blend(x);
+            releaseSlider(*data);
+        });
+        const std::vector<std::string> blocks = reports();
+        EXPECT_EQ(std::set<std::string>(blocks.begin(), blocks.end()).size(), blocks.size());
+        EXPECT_EQ(std::count_if(blocks.begin(), blocks.end(),
+                                [](const std::string& block) {
+                                    return block.find("Message: failed to find: worldMatrix\n") != std::string::npos;
+                                }),
+                  1);
+        EXPECT_LE(blocks.size(), 4u);
+    }
 }
 
 } // namespace

@@ -29,8 +29,13 @@ public:
     explicit TransformReader(const MObject& object);
     explicit TransformReader(const MDagPath& path);
 
-    MPlug plugFor(Kind kind) const;
+    // Finds the plug and caches it; a missing attribute is reported and
+    // cached as a null plug.
     MPlug tryAdd(Kind kind, const char* name, bool isArray);
+    // The plug of the kind's attribute: from the cache, or tried at the
+    // first read. An attribute found missing isn't looked for again, so
+    // reads at every step of a drag report it once.
+    MPlug attribute(Kind kind);
 
     MMatrix worldMatrix();
     MMatrix worldMatrix(const MDGContext& context);
@@ -52,8 +57,8 @@ private:
         size_t operator()(Kind kind) const;
     };
 
-    MMatrix matrixOf(Kind kind, const char* name, bool isArray);
-    MPoint pointOf(Kind kind, const char* name);
+    MMatrix matrixOf(Kind kind);
+    MPoint pointOf(Kind kind);
 
     MObject fObject;
     std::unordered_map<Kind, MPlug, KindHash> fPlugs;

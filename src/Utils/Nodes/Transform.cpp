@@ -23,15 +23,25 @@ size_t TransformReader::KindHash::operator()(Kind kind) const
     return hash;
 }
 
+namespace {
+
+struct KindAttribute
+{
+    const char* name;
+    bool isArray;
+};
+
+// By kind: the matrices are arrays whose element 0 is the one path's.
+const KindAttribute kindAttributes[] = {
+    {"worldMatrix", true},  {"worldInverseMatrix", true}, {"parentMatrix", true}, {"parentInverseMatrix", true},
+    {"rotateAxis", false},  {"rotatePivot", false},       {"translate", false},
+};
+
+} // namespace
+
 TransformReader::TransformReader(const MObject& object) : fObject(object) {}
 
 TransformReader::TransformReader(const MDagPath& path) : fObject(path.node()) {}
-
-MPlug TransformReader::plugFor(Kind kind) const
-{
-    const auto found = fPlugs.find(kind);
-    return found == fPlugs.end() ? MPlug() : found->second;
-}
 
 MPlug TransformReader::tryAdd(Kind kind, const char* name, bool isArray)
 {
@@ -39,30 +49,34 @@ MPlug TransformReader::tryAdd(Kind kind, const char* name, bool isArray)
     MPlug plug = node.findPlug(name, false);
     if (!plug.isNull() && isArray)
         plug = plug.elementByLogicalIndex(0);
-    if (plug.isNull()) {
+    if (plug.isNull())
         OV_REPORT(QStringLiteral("failed to find: ") + QString::fromUtf8(name), "tryAdd");
-        return MPlug();
-    }
+    // A null plug stays in the cache as the attribute found missing.
     fPlugs[kind] = plug;
     return plug;
 }
 
-MMatrix TransformReader::matrixOf(Kind kind, const char* name, bool isArray)
+MPlug TransformReader::attribute(Kind kind)
 {
-    MPlug plug = plugFor(kind);
-    if (plug.isNull())
-        plug = tryAdd(kind, name, isArray);
+    const auto found = fPlugs.find(kind);
+    if (found != fPlugs.end())
+        return found->second;
+    const KindAttribute& entry = kindAttributes[kind];
+    return tryAdd(kind, entry.name, entry.isArray);
+}
+
+MMatrix TransformReader::matrixOf(Kind kind)
+{
+    const MPlug plug = attribute(kind);
     if (plug.isNull())
         return MMatrix();
     MFnMatrixData data(plug.asMObject());
     return data.matrix();
 }
 
-MPoint TransformReader::pointOf(Kind kind, const char* name)
+MPoint TransformReader::pointOf(Kind kind)
 {
-    MPlug plug = plugFor(kind);
-    if (plug.isNull())
-        plug = tryAdd(kind, name, false);
+    const MPlug plug = attribute(kind);
     if (plug.isNull())
         return MPoint();
     const MDoubleArray values = childValues(plug);
@@ -71,7 +85,7 @@ MPoint TransformReader::pointOf(Kind kind, const char* name)
     return MPoint(values[0], values[1], values[2]);
 }
 
-MMatrix TransformReader::worldMatrix() { return matrixOf(WorldMatrix, "worldMatrix", true); }
+MMatrix TransformReader::worldMatrix() { return matrixOf(WorldMatrix); }
 
 MMatrix TransformReader::worldMatrix(const MDGContext& context)
 {
@@ -82,12 +96,12 @@ MMatrix TransformReader::worldMatrix(const MDGContext& context)
 MMatrix TransformReader::worldInverseMatrix(const MDGContext& context)
 {
     MDGContextGuard guard(context);
-    return matrixOf(WorldInverseMatrix, "worldInverseMatrix", true);
+    return matrixOf(WorldInverseMatrix);
 }
 
-MMatrix TransformReader::parentMatrix() { return matrixOf(ParentMatrix, "parentMatrix", true); }
+MMatrix TransformReader::parentMatrix() { return matrixOf(ParentMatrix); }
 
-MMatrix TransformReader::parentInverseMatrix() { return matrixOf(ParentInverseMatrix, "parentInverseMatrix", true); }
+MMatrix TransformReader::parentInverseMatrix() { return matrixOf(ParentInverseMatrix); }
 
 MMatrix TransformReader::parentInverseMatrix(const MDGContext& context)
 {
@@ -95,13 +109,13 @@ MMatrix TransformReader::parentInverseMatrix(const MDGContext& context)
     return parentInverseMatrix();
 }
 
-MPoint TransformReader::rotatePivot() { return pointOf(RotatePivot, "rotatePivot"); }
+MPoint TransformReader::rotatePivot() { return pointOf(RotatePivot); }
 
 MPoint TransformReader::position(bool world)
 {
     if (world)
         return rotatePivot() * worldMatrix();
-    return pointOf(Translate, "translate");
+    return pointOf(Translate);
 }
 
 MPoint TransformReader::position(bool world, const MDGContext& context)
