@@ -186,7 +186,9 @@ void SimplifyBakeKeys::removeKeys(double x, MAnimCurveChange* change)
 {
     for (CurveRemovals& entry : fRemovals) {
         const size_t count = entry.removals.size();
-        const size_t wanted = static_cast<unsigned int>(count * std::fabs(x) * 0.6666666666666666);
+        // Counted in floating point up to count, so a huge x makes no cast out of range.
+        const size_t wanted = static_cast<size_t>(
+            std::min(static_cast<double>(count), count * std::fabs(x) * 0.6666666666666666));
         const size_t m = std::min(std::max<size_t>(wanted, 1), count);
         MFnAnimCurve fn(entry.curve);
         for (; entry.done < m; ++entry.done) {
@@ -204,13 +206,14 @@ void SimplifyBakeKeys::insertKeys(double x, MAnimCurveChange* change) const
     for (const CurveGaps& entry : fGaps) {
         MFnAnimCurve fn(entry.curve);
         for (const Gap& gap : entry.gaps) {
-            const int free = static_cast<int>((gap.end - gap.start).value() - 1.0);
+            // A gap wider than any int of frames is left alone.
+            const int free = truncatedInt((gap.end - gap.start).value() - 1.0, 0);
             if (free <= 0)
                 continue;
-            const int wanted = static_cast<int>(free * x);
-            if (wanted <= 0)
+            // No more than the free frames, before the cast: x may be huge.
+            const int m = static_cast<int>(std::min(free * x, static_cast<double>(free)));
+            if (m <= 0)
                 continue;
-            const int m = std::min(wanted, free);
             for (int k = 1; k <= m; ++k) {
                 const double offset = std::floor(k * (free + 1.0) / (m + 1.0));
                 fn.insertKey(gap.start + MTime(offset, MTime::uiUnit()), false, change);

@@ -11,6 +11,8 @@
 #include <maya/MSelectionList.h>
 #include <maya/MTime.h>
 
+#include <cmath>
+
 namespace KeyBlending {
 
 using CollectAnimation::CurveKeys;
@@ -79,6 +81,24 @@ bool readTangents(const MFnAnimCurve& fn, unsigned int index, KeyTangents& tange
     tangents.outAngle = angle.asRadians();
     tangents.outWeight = weight;
     return true;
+}
+
+// A time (frames) brought by whole cycles to within one cycle past the
+// curve's end on its side; shift tells how many cycles were added. The
+// cycling copy gives at t what it gives there, less shift times its rise per
+// cycle. So an offset of any size costs one step and makes no time beyond
+// reach, and an offset within a cycle is left as it is.
+double withinACycle(double t, double first, double last, double& shift)
+{
+    const double period = last - first;
+    shift = 0.0;
+    if (period > 0.0) {
+        if (t < first)
+            shift = std::ceil((first - t) / period) - 1.0;
+        else if (t > last)
+            shift = 1.0 - std::ceil((t - last) / period);
+    }
+    return t + shift * period;
 }
 
 // The end keys of the cycling copy stand for each other across the seam.
@@ -176,9 +196,16 @@ void ValueOffset::blend(double x, MAnimCurveChange* change) const
         const double d = offsetFor(i, x);
         MFnAnimCurve curve(record.curve);
         const MFnAnimCurve copy(record.copy);
+        if (copy.numKeys() == 0)
+            continue;
+        const MTime::Unit unit = MTime::uiUnit();
+        const unsigned int last = copy.numKeys() - 1;
+        const double rise = copy.value(last) - copy.value(0);
         for (const CollectAnimation::KeyInfo& key : record.keys) {
-            const MTime t(key.time.value() - d, MTime::uiUnit());
-            curve.setValue(key.index, copy.evaluate(t), change);
+            double shift = 0.0;
+            const MTime t(withinACycle(key.time.value() - d, copy.time(0).as(unit), copy.time(last).as(unit), shift),
+                          unit);
+            curve.setValue(key.index, copy.evaluate(t) - shift * rise, change);
             if (curve.outTangentType(key.index) != MFnAnimCurve::kTangentStep)
                 copyTangents(curve, copy, key.index, t, change);
         }

@@ -56,6 +56,8 @@ TEST_F(SimplifyBakeKeys, GapOfFiveFramesIsFilledEvenlyOnItsWholeFrames)
     EXPECT_THAT(simplified(0.5), ElementsAre(1, 2, 3, 5, 7));
     EXPECT_THAT(simplified(0.2), ElementsAre(1, 2, 7));
     EXPECT_THAT(simplified(0), ElementsAre(1, 2, 7));
+    // Far past the end, as from a script: every free frame, as at 1.
+    EXPECT_THAT(simplified(1e14), ElementsAre(1, 2, 3, 4, 5, 6, 7));
 }
 
 // Like the slider, the command thins what is selected now, whatever
@@ -204,6 +206,10 @@ TEST_F(SimplifyBakeKeys, FirstStepRemovesOneKeyOfEachCurve)
     EXPECT_THAT(keyTimes("obj_translateY"), ElementsAre(1, 3, 4, 5));
     ASSERT_TRUE(mel("undo"));
     EXPECT_EQ(sceneText(), before);
+    // Far past the other end, as from a script: every removable key, as
+    // from -1.5 on.
+    EXPECT_THAT(simplified(-1.5), ElementsAre(1, 4));
+    EXPECT_THAT(simplified(-1e14), ElementsAre(1, 4));
 }
 
 // A baked curve: one key per frame on a noisy sine.

@@ -184,15 +184,49 @@ TEST_F(TweenMachine, BlendTypesAreTruncatedAndCheckedAgainstTheTable)
     // 24.9 is type 24, Blend To Ease: valid, so no report.
     ASSERT_TRUE(mel("OVKeyBlending -bt 24.9 -bv 1"));
     EXPECT_TRUE(reports().empty());
+
+    // Types beyond any int are invalid types like 25, not casts out of range.
+    for (const char* type : {"1e12", "-1e12", "3e9"}) {
+        mayasim::host::clearOutput();
+        ASSERT_TRUE(mel(std::string("OVKeyBlending -bv -1 -bt ") + type)) << type;
+        ASSERT_EQ(reports().size(), 1u) << type;
+        EXPECT_THAT(reports()[0], HasSubstr("Message: Invalid Blend Type\n")) << type;
+        EXPECT_EQ(keyValues("obj_translateX")[3], 20) << type;
+    }
 }
 
 TEST_F(TweenMachine, BadFlagsFailAndChangeNothing)
 {
     ASSERT_TRUE(mel("currentTime 4"));
+    ASSERT_TRUE(mel("OVKeyBlending -bt 0 -bv 1"));
     const std::string before = sceneText();
     EXPECT_FALSE(mel("OVKeyBlending -bv abc"));
     EXPECT_FALSE(mel("OVKeyBlending -bt 0 -bv 1 -nosuchflag"));
     EXPECT_EQ(sceneText(), before);
+
+    // Numbers too large for a double read as infinities: each is reported
+    // with its flag, the command fails before it touches a key, and it
+    // leaves nothing on the undo queue, even with -internal.
+    const std::vector<std::pair<std::string, std::string>> calls = {
+        {"-bt 0 -bv 1e400", "[-bv, -blendValue]"},
+        {"-bt -1e400 -bv 1", "[-bt, -blendType]"},
+        {"-bt 2 -bv 1 -ft 1 1e400", "[-ft, -frameTimes]"},
+        {"-bt 2 -bv 1 -ft -1e999 8", "[-ft, -frameTimes]"},
+        {"-internal -bv 1e400", "[-bv, -blendValue]"},
+    };
+    for (const auto& [flags, flag] : calls) {
+        mayasim::host::clearOutput();
+        EXPECT_FALSE(mel("OVKeyBlending " + flags)) << flags;
+        ASSERT_EQ(reports().size(), 1u) << flags;
+        EXPECT_THAT(reports()[0], HasSubstr("Message: " + flag + " flag needs a finite number\n")) << flags;
+        EXPECT_THAT(reports()[0], HasSubstr("Function: doIt\n"));
+        EXPECT_THAT(reports()[0], HasSubstr("File: Cmd\n"));
+        EXPECT_EQ(sceneText(), before) << flags;
+    }
+    EXPECT_EQ(KeyBlending::activeData, nullptr);
+    // The last undo step is still the blend that succeeded.
+    ASSERT_TRUE(mel("undo"));
+    EXPECT_EQ(keyValues("obj_translateX")[3], 30);
 }
 
 TEST_F(TweenMachine, BlendTypeListHasEveryRowInOrder)

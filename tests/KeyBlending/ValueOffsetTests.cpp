@@ -90,6 +90,9 @@ TEST_F(ValueOffset, KeysTakeTheOldCurveFromXFramesEarlier)
     // Beyond the curve's length the relative cycles carry on.
     EXPECT_THAT(offset("obj_translateX", 22, 10), ElementsAreArray(lineShiftedBy(10)));
     EXPECT_THAT(keyTimes("obj_translateX"), ElementsAre(1, 2, 3, 4, 5, 6, 7, 8));
+    // However far, at once and exactly (to the spacing of doubles near 1e15).
+    for (double far : {1e14, -1e14, 1e9 + 3})
+        EXPECT_THAT(offset("obj_translateX", 22, far), Pointwise(DoubleNear(0.5), lineShiftedBy(far))) << far;
 }
 
 TEST_F(ValueOffset, HalfFramesReadTheShapeBetweenKeys)

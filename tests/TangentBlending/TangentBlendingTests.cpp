@@ -247,7 +247,8 @@ TEST_F(TangentBlend, MissingValueAndTypeAreReportedAndDefaulted)
 TEST_F(TangentBlend, TypesOutsideTheTableBlendToAuto)
 {
     pickKeys("ball_translateX", {2});
-    for (const char* type : {"7", "-1"}) {
+    // Numbers beyond any int are no types either.
+    for (const char* type : {"7", "-1", "1e12", "-3e9"}) {
         mayasim::host::clearOutput();
         ASSERT_TRUE(mel(std::string("OVTangentBlending -bv 1 -bt ") + type));
         ASSERT_EQ(reports().size(), 1u);
@@ -270,6 +271,18 @@ TEST_F(TangentBlend, BadArgumentsAndNoObjectsFail)
     EXPECT_FALSE(mel("OVTangentBlending -bv abc"));
     EXPECT_FALSE(mel("OVTangentBlending -bt 2 -bv 1 -nosuchflag"));
     EXPECT_TRUE(reports().empty());
+    // A number too large for a double reads as an infinity: reported with
+    // its flag, and the command fails before it touches a tangent.
+    for (const std::string flags : {"-bt 2 -bv 1e400", "-bt -1e400 -bv 1", "-internal -bv -1e400"}) {
+        mayasim::host::clearOutput();
+        EXPECT_FALSE(mel("OVTangentBlending " + flags)) << flags;
+        ASSERT_EQ(reports().size(), 1u) << flags;
+        EXPECT_THAT(reports()[0], HasSubstr(" flag needs a finite number\n\nFunction: doIt\n"));
+        EXPECT_THAT(reports()[0], HasSubstr("File: Cmd\n"));
+    }
+    EXPECT_THAT(reports()[0], HasSubstr("Message: [-bv, -blendValue] flag needs"));
+    EXPECT_EQ(TangentBlending::activeData, nullptr);
+    mayasim::host::clearOutput();
     ASSERT_TRUE(mel("select -cl"));
     EXPECT_FALSE(mel("OVTangentBlending -bt 2 -bv 1"));
     ASSERT_EQ(reports().size(), 1u);
