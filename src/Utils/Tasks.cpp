@@ -2,6 +2,7 @@
 
 #include <maya/MEventMessage.h>
 #include <maya/MMessage.h>
+#include <maya/MString.h>
 
 #include <cstdint>
 #include <memory>
