@@ -5,7 +5,7 @@
 set -euo pipefail
 cd "$(dirname "$0")"
 
-packages=(cmake g++ ninja-build pkg-config ccache qtbase5-dev libgtest-dev libgmock-dev libbenchmark-dev fonts-dejavu-core)
+packages=(cmake g++ ninja-build pkg-config ccache qtbase5-dev libgtest-dev libgmock-dev libbenchmark-dev python3-dev fonts-dejavu-core)
 
 install_missing() {
     local missing=()

@@ -13,15 +13,22 @@
 namespace {
 
 const char* const kUsage =
-    "usage: mayasim-batch [-file scene.ma] [-plugin path]... [-command \"MEL\"]... [-script file.mel] "
-    "[-save out.ma]\n";
+    "usage: mayasim-batch [-file scene.ma] [-plugin path]... [-command \"MEL\"]... [-script file.mel]... "
+    "[-python file.py]... [-save out.ma]\n";
+
+// What runs after loading, in the order given.
+enum class StepKind
+{
+    Command, // MEL text
+    Script,  // a MEL file, statement by statement
+    Python   // a Python file
+};
 
 struct Options
 {
     std::string file;
     std::vector<std::string> plugins;
-    // -command and -script, in the order given: {is a script, text or path}
-    std::vector<std::pair<bool, std::string>> steps;
+    std::vector<std::pair<StepKind, std::string>> steps; // with the text or path
     std::string save;
 };
 
@@ -38,9 +45,11 @@ bool parse(int argc, char** argv, Options& options)
         else if (flag == "-plugin")
             options.plugins.push_back(value);
         else if (flag == "-command")
-            options.steps.emplace_back(false, value);
+            options.steps.emplace_back(StepKind::Command, value);
         else if (flag == "-script")
-            options.steps.emplace_back(true, value);
+            options.steps.emplace_back(StepKind::Script, value);
+        else if (flag == "-python")
+            options.steps.emplace_back(StepKind::Python, value);
         else if (flag == "-save" && options.save.empty())
             options.save = value;
         else
@@ -62,6 +71,17 @@ std::string melString(const std::string& text)
     return result + "\"";
 }
 
+bool run(StepKind kind, const std::string& text)
+{
+    switch (kind)
+    {
+    case StepKind::Script: return mayasim::host::runScript(text);
+    case StepKind::Python: return mayasim::host::runPythonFile(text);
+    case StepKind::Command: break;
+    }
+    return MGlobal::executeCommand(text.c_str(), true, true);
+}
+
 int run(const Options& options)
 {
     bool ok = true;
@@ -69,8 +89,8 @@ int run(const Options& options)
         ok = MGlobal::executeCommand(("loadPlugin " + melString(plugin)).c_str(), true, false) && ok;
     if (!options.file.empty() && !MFileIO::open(options.file.c_str(), nullptr, true))
         ok = false;
-    for (const auto& [isScript, text] : options.steps)
-        ok = (isScript ? mayasim::host::runScript(text) : MGlobal::executeCommand(text.c_str(), true, true)) && ok;
+    for (const auto& [kind, text] : options.steps)
+        ok = run(kind, text) && ok;
     if (!options.save.empty() && !MFileIO::saveAs(options.save.c_str(), "mayaAscii", true))
         ok = false;
     return ok ? 0 : 1;

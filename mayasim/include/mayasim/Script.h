@@ -1,5 +1,5 @@
 #pragma once
-// Running MEL script files as a host does (mayasim-batch -script).
+// Running script files as a host does (mayasim-batch -script, -python).
 #include <string>
 
 #pragma GCC visibility push(default)
@@ -10,6 +10,10 @@ namespace mayasim::host {
 // sourcing a script does. False when the file can't be read or a statement
 // failed.
 bool runScript(const std::string& path);
+
+// Runs a Python file (mayasim-batch -python) as one undo step; errors name
+// the file. False when it can't be read or raised an exception.
+bool runPythonFile(const std::string& path);
 
 } // namespace mayasim::host
 #pragma GCC visibility pop

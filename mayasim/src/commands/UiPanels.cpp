@@ -1,7 +1,9 @@
 // The channel box and the time slider: what the user has highlighted in
 // them (set by the host), and the channelBox and timeControl queries that
-// read it.
+// read it; the time slider's main list, whose objects' keys it shows.
+#include "commands/CommandSupport.h"
 #include "commands/TimeArguments.h"
+#include "commands/UiObjects.h"
 #include "engine/Interpreter.h"
 
 #include <maya/MAnimControl.h>
@@ -15,10 +17,14 @@ namespace mayasim {
 
 namespace {
 
+// The time slider's own main list, which follows the active list.
+const char* const kAnimationList = "animationList";
+
 struct Panels
 {
     std::array<std::vector<std::string>, 4> channelBox; // by ChannelBoxSection
     std::optional<std::pair<double, double>> sliderHighlight; // first and last frame
+    std::string mainList = kAnimationList;
 };
 
 Panels& panels()
@@ -80,11 +86,18 @@ std::string rangeText(const std::pair<double, double>& range)
            "\"";
 }
 
+// A deleted connection leaves the slider on its own list.
+std::string mainList()
+{
+    const std::string& name = panels().mainList;
+    return name == kAnimationList || commands::connectionExists(name) ? name : kAnimationList;
+}
+
 MelValue timeControl(const Invocation& call)
 {
     const ParsedArgs args(call.name, call.words,
                           {{"q", "query", 0}, {"e", "edit", 0}, {"ra", "rangeArray", 0}, {"rng", "range", 1},
-                           {"rv", "rangeVisible", 0}});
+                           {"rv", "rangeVisible", 0}, {"mlc", "mainListConnection", 1}});
     requireControl(call.name, args.positional(), "gPlayBackSlider");
     if (args.has("query"))
     {
@@ -95,7 +108,16 @@ MelValue timeControl(const Invocation& call)
             return MelValue::ofString(rangeText(range));
         if (args.has("rangeVisible"))
             return MelValue::ofInt(panels().sliderHighlight ? 1 : 0);
+        if (args.has("mainListConnection"))
+            return MelValue::ofString(mainList());
         throw MelError("timeControl: Nothing to query.");
+    }
+    if (args.has("mainListConnection"))
+    {
+        const std::string name = args.args("mainListConnection").at(0).text;
+        if (name != kAnimationList && !commands::connectionExists(name))
+            throw MelError("timeControl: Object '" + name + "' not found.");
+        panels().mainList = name;
     }
     if (args.has("range"))
     {
@@ -135,6 +157,14 @@ void setTimeSliderHighlight(double first, double last)
 void clearTimeSliderHighlight()
 {
     panels().sliderHighlight.reset();
+}
+
+std::vector<std::string> timeSliderObjects()
+{
+    const std::string list = mainList();
+    const MelValue names =
+        commands::namesOf(list == kAnimationList ? commands::selectedNodes() : commands::connectionObjects(list));
+    return names.sa;
 }
 
 bool timeSliderHighlight(double& first, double& last)

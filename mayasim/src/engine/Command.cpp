@@ -218,11 +218,57 @@ ParsedArgs::ParsedArgs(const std::string& /*command*/, const std::vector<Word>& 
     // the command reads arguments for that query too.
     const FlagSpec* query = findFlag(flags, "query");
     const bool querying = query && std::any_of(words.begin(), words.end(), [query](const Word& w) {
-        return w.isFlag() && (w.text.substr(1) == query->shortName || w.text.substr(1) == query->longName);
+        return namesFlag(w, *query) && (!w.keyword || !keywordUses(w, 0).empty());
+// --- keyword flags ---------------------------------------------------------------
+
+std::vector<std::vector<Word>> keywordUses(const Word& flag, size_t argumentCount)
+{
+    const KeywordValue& value = *flag.keyword;
+    if (argumentCount == 0) {
+        bool on = !value.items.empty();
+        if (value.boolean)
+            on = *value.boolean;
+        else if (!value.list)
+            on = value.items[0][0] != "0" && !value.items[0][0].empty();
+        return on ? std::vector<std::vector<Word>>{{}} : std::vector<std::vector<Word>>{};
+    }
+    auto words = [](const std::vector<std::string>& texts) {
+        std::vector<Word> use;
+        for (const std::string& text : texts)
+            use.push_back(Word{text, true});
+        return use;
+    };
+    if (value.boolean)
+        return {{Word{*value.boolean ? "1" : "0", true}}};
+    const bool flat = std::all_of(value.items.begin(), value.items.end(),
+                                  [](const std::vector<std::string>& item) { return item.size() == 1; });
+    std::vector<std::vector<Word>> uses;
+    if (flat && value.items.size() == argumentCount) {
+        std::vector<std::string> texts;
+        for (const auto& item : value.items)
+            texts.push_back(item[0]);
+        uses.push_back(words(texts));
+    } else if (value.list && std::all_of(value.items.begin(), value.items.end(), [&](const auto& item) {
+                   return item.size() == argumentCount;
+               })) {
+        for (const auto& item : value.items)
+            uses.push_back(words(item));
+    } else {
+        throw MelError("Invalid arguments for flag '" + flag.text.substr(1) + "'. Expected " +
+                       std::to_string(argumentCount) + (argumentCount == 1 ? " value" : " values") + ".");
+    }
+    return uses;
+}
+
     });
     for (size_t at = 0; at < words.size(); ++at) {
         const Word& word = words[at];
         if (!word.isFlag()) {
+bool namesFlag(const Word& word, const FlagSpec& flag)
+{
+    return word.isFlag() && (word.text.substr(1) == flag.shortName || word.text.substr(1) == flag.longName);
+}
+
             fPositional.push_back(word);
             continue;
         }
@@ -252,6 +298,11 @@ const std::vector<std::vector<Word>>& ParsedArgs::uses(const std::string& longNa
 }
 
 const std::vector<Word>& ParsedArgs::args(const std::string& longName) const
+        if (word.keyword) {
+            for (std::vector<Word>& use : keywordUses(word, static_cast<size_t>(count)))
+                fFlags[flag->longName].push_back(std::move(use));
+            continue;
+        }
 {
     auto found = fFlags.find(longName);
     if (found == fFlags.end())
@@ -297,3 +348,11 @@ const BuiltinCommand* findBuiltin(const std::string& name)
 }
 
 } // namespace mayasim
+std::vector<std::string> builtinNames()
+{
+    std::vector<std::string> names;
+    for (const auto& entry : builtins())
+        names.push_back(entry.first);
+    return names;
+}
+

@@ -4,6 +4,8 @@
 #include <functional>
 #include <initializer_list>
 #include <map>
+#include <memory>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -59,12 +61,25 @@ struct Word
     bool quoted = false;  // came from a "string" (never a flag then)
     bool isFlag() const;  // "-name": a dash followed by a letter, not quoted
     bool isNumber() const;
+// A flag given as a Python keyword argument (maya.cmds). Its value keeps its
+// shape until a parser that knows how many arguments the flag takes reads it:
+// a switch, one use, or one use per item of a list.
+struct KeywordValue
+{
+    std::optional<bool> boolean; // True or False
+    // The value's texts: a scalar is one item of one text; a list has one
+    // item per element, a nested list or tuple being an item of several.
+    std::vector<std::vector<std::string>> items;
+    bool list = false; // given as a list or tuple
+};
+
     double number() const; // throws MelError when not a number
     long integer() const;
     bool boolean() const;  // 0/1, true/false, on/off, yes/no; throws otherwise
 };
 
 // A flag a built-in command accepts, with how many arguments follow it.
+    std::shared_ptr<const KeywordValue> keyword{}; // set on a flag ("-name") made from a keyword argument
 struct FlagSpec
 {
     std::string shortName;
@@ -72,6 +87,13 @@ struct FlagSpec
     int argumentCount = 0;
     bool queryTakesArguments = false; // with -query the flag still reads its arguments
 };
+// The uses a keyword flag stands for, given how many arguments the flag
+// reads: a flag without arguments is on unless its value is False, 0 or
+// empty; otherwise a scalar is one use, a list of exactly that many values
+// is one use, and a list of single values or of tuples of that size is one
+// use per item. Throws MelError when the value doesn't fit.
+std::vector<std::vector<Word>> keywordUses(const Word& flag, size_t argumentCount);
+
 
 // The words of a call sorted into flags and positional arguments. With the
 // -query flag present, flags take no arguments unless queryTakesArguments.

@@ -1,5 +1,7 @@
 #include "engine/CommandLine.h"
 
+#include <algorithm>
+
 namespace mayasim {
 
 namespace {
@@ -22,6 +24,18 @@ const char* typeName(MSyntax::MArgType type)
     case MSyntax::kTime: return "a float";
     default: return "a string";
     }
+}
+
+bool isWord(const Word& word, const char* shortName, const char* longName)
+{
+    return word.text == std::string("-") + shortName || word.text == std::string("-") + longName;
+}
+
+// A -q or -query word that is on (a keyword one may be False).
+bool queryWord(const Word& word, const SyntaxSpec& syntax)
+{
+    return word.isFlag() && syntax.canQuery && syntax.findFlag(word.text) < 0 && isWord(word, "q", "query") &&
+           (!word.keyword || !keywordUses(word, 0).empty());
 }
 
 } // namespace
@@ -69,16 +83,52 @@ void checkArgument(const Word& word, MSyntax::MArgType type, const std::string& 
     }
 }
 
+std::vector<Word> expandKeywords(const std::vector<Word>& words, const SyntaxSpec* syntax)
+{
+    const bool query =
+        syntax && std::any_of(words.begin(), words.end(), [&](const Word& w) { return queryWord(w, *syntax); });
+    std::vector<Word> expanded;
+    for (const Word& word : words) {
+        if (!word.keyword) {
+            expanded.push_back(word);
+            continue;
+        }
+        const KeywordValue& value = *word.keyword;
+        if (!syntax) {
+            if (value.boolean && !*value.boolean)
+                continue;
+            expanded.push_back(Word{word.text});
+            if (!value.boolean)
+                for (const auto& item : value.items)
+                    for (const std::string& text : item)
+                        expanded.push_back(Word{text, true});
+            continue;
+        }
+        // -edit, -query and unknown flags take no arguments; parseCall judges them.
+        size_t count = 0;
+        if (const int index = syntax->findFlag(word.text); index >= 0) {
+            const SyntaxFlag& flag = syntax->flags[static_cast<size_t>(index)];
+            count = flag.arguments.size();
+            if (query && !flag.queryWithArguments)
+                count = 0;
+            if (query && flag.queryArgumentsOptional && value.boolean)
+                count = 0;
+        }
+        for (std::vector<Word>& use : keywordUses(word, count)) {
+            expanded.push_back(Word{word.text});
+            expanded.insert(expanded.end(), use.begin(), use.end());
+        }
+    }
+    return expanded;
+}
+
 ParsedCall parseCall(const SyntaxSpec& syntax, const std::vector<Word>& words)
 {
     ParsedCall call;
     call.syntax = syntax;
-    auto isWord = [&](const Word& w, const char* shortName, const char* longName) {
-        return w.text == std::string("-") + shortName || w.text == std::string("-") + longName;
-    };
     // Query mode changes how many arguments the flags read, wherever -q stands.
     for (const Word& word : words)
-        if (word.isFlag() && syntax.canQuery && syntax.findFlag(word.text) < 0 && isWord(word, "q", "query"))
+        if (queryWord(word, syntax))
             call.query = true;
 
     std::vector<Word> positional;

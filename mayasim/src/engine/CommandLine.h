@@ -66,6 +66,11 @@ struct ParsedCall
 // MArgDatabase::getObjects fail, so a command may still run without them.
 ParsedCall parseCall(const SyntaxSpec& syntax, const std::vector<Word>& words);
 
+// The words with each keyword flag (maya.cmds) written out as the flag and
+// its arguments, as many as the syntax gives the flag. Without a syntax, a
+// boolean is a switch and any other value the flag's arguments.
+std::vector<Word> expandKeywords(const std::vector<Word>& words, const SyntaxSpec* syntax);
+
 // Reads a word as the given argument type, or throws MelError.
 void checkArgument(const Word& word, MSyntax::MArgType type, const std::string& flagName);
 

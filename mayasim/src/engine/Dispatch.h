@@ -6,6 +6,11 @@
 namespace mayasim {
 
 const BuiltinCommand* findBuiltin(const std::string& name);
+std::vector<std::string> builtinNames();
+
+// Every command a call can reach now: built-ins and plug-in commands.
+std::vector<std::string> commandNames();
+bool commandExists(const std::string& name);
 
 // Runs one command with its evaluated words. Throws MelError when it fails
 // (an unknown name gives Maya's "Cannot find procedure" message).

@@ -1,6 +1,7 @@
 #include "engine/IdleCommands.h"
 
 #include "engine/Interpreter.h"
+#include "python/Embedded.h"
 
 #include <vector>
 
@@ -12,6 +13,7 @@ struct IdleCommand
 {
     std::string text;
     bool display = false;
+    ScriptLanguage language = ScriptLanguage::Mel;
 };
 
 std::vector<IdleCommand>& queue()
@@ -22,9 +24,9 @@ std::vector<IdleCommand>& queue()
 
 } // namespace
 
-void queueIdleCommand(const std::string& text, bool display)
+void queueIdleCommand(const std::string& text, bool display, ScriptLanguage language)
 {
-    queue().push_back(IdleCommand{text, display});
+    queue().push_back(IdleCommand{text, display, language});
 }
 
 void runIdleCommands()
@@ -32,8 +34,13 @@ void runIdleCommands()
     const std::vector<IdleCommand> due = std::move(queue());
     queue().clear();
     // Work run on idle is undoable, as if the user had typed it.
-    for (const IdleCommand& command : due)
-        executeMel(command.text, RunOptions{command.display, true});
+    for (const IdleCommand& command : due) {
+        const RunOptions options{command.display, true};
+        if (command.language == ScriptLanguage::Python)
+            python::run(command.text, options);
+        else
+            executeMel(command.text, options);
+    }
 }
 
 } // namespace mayasim

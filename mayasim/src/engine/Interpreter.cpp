@@ -373,6 +373,7 @@ void reportError(const std::string& message, int line)
 
 RunOutcome executeMel(const std::string& text, const RunOptions& options)
 {
+    const LanguageScope language(ScriptLanguage::Mel);
     RunOutcome outcome;
     if (options.display)
         writeOutput(OutputKind::Echo, text);

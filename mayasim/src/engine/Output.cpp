@@ -15,6 +15,7 @@ struct OutputState
     std::vector<host::OutputLine> lines;
     std::vector<host::SentCommand> sent;
     bool echo = false;
+    ScriptLanguage language = ScriptLanguage::Mel;
 };
 
 OutputState& state()
@@ -25,6 +26,15 @@ OutputState& state()
 
 std::string decorated(OutputKind kind, const std::string& text)
 {
+    if (state().language == ScriptLanguage::Python) {
+        switch (kind) {
+        case OutputKind::Warning: return "# Warning: " + text;
+        case OutputKind::Error: return "# Error: " + text;
+        case OutputKind::Result: return "# Result: " + text;
+        case OutputKind::Info:
+        case OutputKind::Echo: return text;
+        }
+    }
     switch (kind) {
     case OutputKind::Warning: return "// Warning: " + text + " //";
     case OutputKind::Error: return "// Error: " + text + " //";
@@ -46,6 +56,16 @@ void writeOutput(OutputKind kind, const std::string& text)
     if (state().echo)
         std::cout << line.printed << std::endl;
     state().lines.push_back(std::move(line));
+}
+
+LanguageScope::LanguageScope(ScriptLanguage language) : fPrevious(state().language)
+{
+    state().language = language;
+}
+
+LanguageScope::~LanguageScope()
+{
+    state().language = fPrevious;
 }
 
 void logSentCommand(host::SentCommand command)

@@ -16,6 +16,25 @@ enum class OutputKind
 
 void writeOutput(OutputKind kind, const std::string& text);
 
+// The language of the script running now. Messages written while Python
+// runs take Python's comment mark, as in Maya ("# Error: text").
+enum class ScriptLanguage
+{
+    Mel,
+    Python
+};
+class LanguageScope
+{
+public:
+    explicit LanguageScope(ScriptLanguage language);
+    ~LanguageScope();
+    LanguageScope(const LanguageScope&) = delete;
+    LanguageScope& operator=(const LanguageScope&) = delete;
+
+private:
+    ScriptLanguage fPrevious;
+};
+
 namespace host {
 struct SentCommand;
 }

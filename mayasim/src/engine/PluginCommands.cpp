@@ -99,8 +99,17 @@ std::vector<std::string> pluginCommandsOf(const std::string& plugin)
     return names;
 }
 
-MelValue runPluginCommand(const PluginCommand& registered, const std::vector<Word>& words, bool undo)
+std::vector<std::string> pluginCommandNames()
 {
+    std::vector<std::string> names;
+    for (const auto& entry : registry())
+        names.push_back(entry.first);
+    return names;
+}
+
+MelValue runPluginCommand(const PluginCommand& registered, const std::vector<Word>& given, bool undo)
+{
+    const std::vector<Word> words = expandKeywords(given, registered.syntax ? &registered.syntax->simSpec() : nullptr);
     if (registered.syntax) {
         // Maya checks a call against the syntax before the command exists.
         const ParsedCall call = parseCall(registered.syntax->simSpec(), words);

@@ -23,6 +23,7 @@ struct PluginCommand
 
 bool addPluginCommand(PluginCommand command); // false when the name is taken
 bool removePluginCommand(const std::string& name);
+std::vector<std::string> pluginCommandNames();
 const PluginCommand* findPluginCommand(const std::string& name);
 std::vector<std::string> pluginCommandsOf(const std::string& plugin);
 

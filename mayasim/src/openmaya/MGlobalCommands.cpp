@@ -7,6 +7,7 @@
 #include "engine/Output.h"
 #include "engine/UndoQueue.h"
 #include "gui/GuiHost.h"
+#include "python/Embedded.h"
 
 #include <mayasim/Host.h>
 
@@ -20,21 +21,62 @@ using Type = MelValue::Type;
 
 namespace {
 
-mayasim::RunOutcome run(const MString& command, bool display, bool undo)
+using mayasim::ScriptLanguage;
+
+// MEL through the interpreter, Python through the embedded Python; the text
+// of a Python result is its str().
+mayasim::python::Outcome run(const MString& command, bool display, bool undo,
+                             ScriptLanguage language = ScriptLanguage::Mel)
 {
-    mayasim::logSentCommand(mayasim::host::SentCommand{command.asChar(), display, undo, false, false});
-    return mayasim::executeMel(command.asChar(), mayasim::RunOptions{display, undo});
+    const bool python = language == ScriptLanguage::Python;
+    mayasim::logSentCommand(mayasim::host::SentCommand{command.asChar(), display, undo, python, false});
+    const mayasim::RunOptions options{display, undo};
+    if (python)
+        return mayasim::python::run(command.asChar(), options);
+    mayasim::python::Outcome outcome;
+    static_cast<mayasim::RunOutcome&>(outcome) = mayasim::executeMel(command.asChar(), options);
+    outcome.text = outcome.value.resultText();
+    return outcome;
 }
 
 // Runs the command and hands its result over when it is of the kind asked
 // for; a command that gave no such result fails.
 template <typename Accept>
-MStatus runFor(const MString& command, bool display, bool undo, Accept accept)
+MStatus runFor(const MString& command, bool display, bool undo, Accept accept,
+               ScriptLanguage language = ScriptLanguage::Mel)
 {
-    const mayasim::RunOutcome outcome = run(command, display, undo);
+    const mayasim::RunOutcome outcome = run(command, display, undo, language);
     if (!outcome.ok || !accept(outcome.value))
         return MS::kFailure;
     return MS::kSuccess;
+}
+
+// The result as text, for the StringResult functions.
+MString textResult(const mayasim::python::Outcome& outcome, MStatus* status)
+{
+    if (status)
+        *status = outcome.ok ? MS::kSuccess : MS::kFailure;
+    return outcome.ok ? MString(outcome.text.c_str()) : MString();
+}
+
+auto intResult(int& result)
+{
+    return [&result](const MelValue& value) {
+        if (value.type != Type::Int)
+            return false;
+        result = static_cast<int>(value.i);
+        return true;
+    };
+}
+
+auto stringResult(MString& result)
+{
+    return [&result](const MelValue& value) {
+        if (value.type != Type::String)
+            return false;
+        result = value.s.c_str();
+        return true;
+    };
 }
 
 template <typename Array, typename Items>
@@ -104,12 +146,7 @@ MStatus MGlobal::executeCommand(const MString& command, bool displayEnabled, boo
 
 MStatus MGlobal::executeCommand(const MString& command, int& result, bool displayEnabled, bool undoEnabled)
 {
-    return runFor(command, displayEnabled, undoEnabled, [&](const MelValue& value) {
-        if (value.type != Type::Int)
-            return false;
-        result = static_cast<int>(value.i);
-        return true;
-    });
+    return runFor(command, displayEnabled, undoEnabled, intResult(result));
 }
 
 MStatus MGlobal::executeCommand(const MString& command, double& result, bool displayEnabled, bool undoEnabled)
@@ -124,12 +161,7 @@ MStatus MGlobal::executeCommand(const MString& command, double& result, bool dis
 
 MStatus MGlobal::executeCommand(const MString& command, MString& result, bool displayEnabled, bool undoEnabled)
 {
-    return runFor(command, displayEnabled, undoEnabled, [&](const MelValue& value) {
-        if (value.type != Type::String)
-            return false;
-        result = value.s.c_str();
-        return true;
-    });
+    return runFor(command, displayEnabled, undoEnabled, stringResult(result));
 }
 
 MStatus MGlobal::executeCommand(const MString& command, MIntArray& result, bool displayEnabled, bool undoEnabled)
@@ -186,44 +218,35 @@ MStatus MGlobal::executeCommand(const MString& command, MStringArray& result, bo
 MString MGlobal::executeCommandStringResult(const MString& command, bool displayEnabled, bool undoEnabled,
                                             MStatus* ResultStatus)
 {
-    const mayasim::RunOutcome outcome = run(command, displayEnabled, undoEnabled);
-    if (ResultStatus)
-        *ResultStatus = outcome.ok ? MS::kSuccess : MS::kFailure;
-    return outcome.ok ? MString(outcome.value.resultText().c_str()) : MString();
+    return textResult(run(command, displayEnabled, undoEnabled), ResultStatus);
 }
 
-// No Python interpreter: the text is logged and the call fails.
 MStatus MGlobal::executePythonCommand(const MString& command, bool displayEnabled, bool undoEnabled)
 {
-    mayasim::logSentCommand(mayasim::host::SentCommand{command.asChar(), displayEnabled, undoEnabled, true, false});
-    mayasim::writeOutput(mayasim::OutputKind::Error, std::string("mayasim runs no Python: ") + command.asChar());
-    return MS::kFailure;
+    return run(command, displayEnabled, undoEnabled, ScriptLanguage::Python).ok ? MS::kSuccess : MS::kFailure;
 }
 
-MStatus MGlobal::executePythonCommand(const MString& command, int&, bool displayEnabled, bool undoEnabled)
+MStatus MGlobal::executePythonCommand(const MString& command, int& result, bool displayEnabled, bool undoEnabled)
 {
-    return executePythonCommand(command, displayEnabled, undoEnabled);
+    return runFor(command, displayEnabled, undoEnabled, intResult(result), ScriptLanguage::Python);
 }
 
-MStatus MGlobal::executePythonCommand(const MString& command, MString&, bool displayEnabled, bool undoEnabled)
+MStatus MGlobal::executePythonCommand(const MString& command, MString& result, bool displayEnabled, bool undoEnabled)
 {
-    return executePythonCommand(command, displayEnabled, undoEnabled);
+    return runFor(command, displayEnabled, undoEnabled, stringResult(result), ScriptLanguage::Python);
 }
 
 MString MGlobal::executePythonCommandStringResult(const MString& command, bool displayEnabled, bool undoEnabled,
                                                   MStatus* ReturnStatus)
 {
-    const MStatus status = executePythonCommand(command, displayEnabled, undoEnabled);
-    if (ReturnStatus)
-        *ReturnStatus = status;
-    return MString();
+    return textResult(run(command, displayEnabled, undoEnabled, ScriptLanguage::Python), ReturnStatus);
 }
 
 MStatus MGlobal::executePythonCommandOnIdle(const MString& command, bool displayEnabled)
 {
     mayasim::logSentCommand(mayasim::host::SentCommand{command.asChar(), displayEnabled, true, true, true});
-    mayasim::writeOutput(mayasim::OutputKind::Error, std::string("mayasim runs no Python: ") + command.asChar());
-    return MS::kFailure;
+    mayasim::queueIdleCommand(command.asChar(), displayEnabled, ScriptLanguage::Python);
+    return MS::kSuccess;
 }
 
 void MGlobal::displayInfo(const MString& theMessage)

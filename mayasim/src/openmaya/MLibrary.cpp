@@ -1,6 +1,7 @@
 #include "engine/Callbacks.h"
 #include "engine/Events.h"
 #include "file/SceneFile.h"
+#include "python/Embedded.h"
 
 #include <maya/MLibrary.h>
 #include <maya/MSceneMessage.h>
@@ -19,7 +20,8 @@ MStatus MLibrary::initialize(bool /*wantScriptOutput*/, const char* /*applicatio
 {
     mayasim::callbacks::reset();
     mayasim::file::resetDocument();
-    return MS::kSuccess;
+    // Maya's standalone programs run Python, as the application does.
+    return mayasim::python::start() ? MS::kSuccess : MS::kFailure;
 }
 
 void MLibrary::cleanup(int exitStatus, bool exitWhenDone)
@@ -27,6 +29,7 @@ void MLibrary::cleanup(int exitStatus, bool exitWhenDone)
     mayasim::events::fireSceneMessage(MSceneMessage::kMayaExiting);
     mayasim::callbacks::reset();
     mayasim::file::resetDocument();
+    mayasim::python::stop();
     if (exitWhenDone)
         std::exit(exitStatus);
 }
