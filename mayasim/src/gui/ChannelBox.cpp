@@ -11,6 +11,7 @@
 #include <maya/MFnNumericAttribute.h>
 #include <maya/MGlobal.h>
 #include <maya/MPlug.h>
+#include <maya/MPlugArray.h>
 #include <maya/MSelectionList.h>
 
 #include <QtWidgets/QHeaderView>
@@ -108,6 +109,35 @@ void addChannels(std::vector<ChannelBox::Row>& rows, const MObject& node, Sectio
         }
 }
 
+// The nodes on the other side of the connections of the shown nodes: INPUTS
+// feed them, OUTPUTS take from them. Animation curves are values, not
+// history, and stay out, as in Maya.
+std::vector<MObject> connectedNodes(const std::vector<MObject>& shown, bool inputs)
+{
+    std::vector<MObject> nodes;
+    const auto listed = [&](const MObject& node) {
+        return std::find(nodes.begin(), nodes.end(), node) != nodes.end() ||
+               std::find(shown.begin(), shown.end(), node) != shown.end();
+    };
+    for (const MObject& node : shown)
+    {
+        MPlugArray plugs;
+        MFnDependencyNode(node).getConnections(plugs);
+        for (unsigned int p = 0; p < plugs.length(); ++p)
+        {
+            MPlugArray others;
+            plugs[p].connectedTo(others, inputs, !inputs);
+            for (unsigned int o = 0; o < others.length(); ++o)
+            {
+                const MObject other = others[o].node();
+                if (!other.hasFn(MFn::kAnimCurve) && !listed(other))
+                    nodes.push_back(other);
+            }
+        }
+    }
+    return nodes;
+}
+
 } // namespace
 
 ChannelBox::ChannelBox(QWidget* parent) : QTableWidget(parent)
@@ -139,8 +169,12 @@ std::vector<ChannelBox::Row> ChannelBox::read()
     // The last selected object is the one shown, as in Maya.
     if (selection.length() == 0 || !selection.getDependNode(selection.length() - 1, node))
         return rows;
-    rows.push_back({Row::Kind::Node, Section::Main, {}, MFnDependencyNode(node).name().asChar(), {}, false});
-    addChannels(rows, node, Section::Main);
+    const auto addNode = [&rows](const MObject& shown, Section section) {
+        rows.push_back({Row::Kind::Node, section, {}, MFnDependencyNode(shown).name().asChar(), {}, false});
+        addChannels(rows, shown, section);
+    };
+    addNode(node, Section::Main);
+    std::vector<MObject> shown = {node};
     if (node.hasFn(MFn::kTransform))
     {
         MFnDagNode dag(node);
@@ -150,10 +184,19 @@ std::vector<ChannelBox::Row> ChannelBox::read()
             if (!child.hasFn(MFn::kShape))
                 continue;
             rows.push_back({Row::Kind::Heading, Section::Shape, {}, "SHAPES", {}, false});
-            rows.push_back({Row::Kind::Node, Section::Shape, {}, MFnDependencyNode(child).name().asChar(), {}, false});
-            addChannels(rows, child, Section::Shape);
+            addNode(child, Section::Shape);
+            shown.push_back(child);
             break;
         }
+    }
+    const std::pair<Section, const char*> sections[] = {{Section::History, "INPUTS"}, {Section::Output, "OUTPUTS"}};
+    for (const auto& [section, heading] : sections)
+    {
+        const std::vector<MObject> nodes = connectedNodes(shown, section == Section::History);
+        if (!nodes.empty())
+            rows.push_back({Row::Kind::Heading, section, {}, heading, {}, false});
+        for (const MObject& other : nodes)
+            addNode(other, section);
     }
     return rows;
 }

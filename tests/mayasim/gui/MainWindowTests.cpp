@@ -11,6 +11,7 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <fstream>
 #include <iterator>
 #include <memory>
@@ -132,6 +133,28 @@ TEST_F(GuiTest, ChannelBoxHighlightByMouse)
     ASSERT_TRUE(mel("mayasimUi -q -exists mainChannelBox"));
     EXPECT_TRUE(box->findItems("Scale X", Qt::MatchExactly).at(0)->isSelected());
     EXPECT_FALSE(box->findItems("Translate Y", Qt::MatchExactly).at(0)->isSelected());
+
+    // The nodes feeding the object are its INPUTS, those it feeds its OUTPUTS,
+    // each a section of its own.
+    ASSERT_TRUE(mel("createNode transform -n driver; connectAttr driver.tx box.tz; createNode transform -n follower; "
+                    "connectAttr box.tx follower.tz; select box; mayasimUi -q -exists mainChannelBox"));
+    std::vector<QString> labels;
+    for (int row = 0; row < box->rowCount(); ++row)
+        if (box->columnSpan(row, 0) == 2)
+            labels.push_back(box->item(row, 0)->text());
+    EXPECT_EQ(labels, (std::vector<QString>{"box", "INPUTS", "driver", "OUTPUTS", "follower"}));
+    const auto rowIn = [&](const QString& label, int which) {
+        QList<QTableWidgetItem*> items = box->findItems(label, Qt::MatchExactly);
+        std::sort(items.begin(), items.end(), [](auto* a, auto* b) { return a->row() < b->row(); });
+        box->scrollToItem(items.at(which)); // as a person scrolls to it
+        const QPoint middle = box->visualItemRect(items.at(which)).center();
+        return std::to_string(middle.x()) + " " + std::to_string(middle.y());
+    };
+    ASSERT_TRUE(mel("mayasimUi -click -at " + rowIn("Rotate X", 1) + " mainChannelBox"));
+    ASSERT_TRUE(mel("mayasimUi -click -modifiers ctrl -at " + rowIn("Scale Z", 2) + " mainChannelBox"));
+    EXPECT_THAT(strings("channelBox -q -selectedHistoryAttributes $gChannelBoxName"), ElementsAre("rx"));
+    EXPECT_THAT(strings("channelBox -q -selectedOutputAttributes $gChannelBoxName"), ElementsAre("sz"));
+    EXPECT_EQ(text("channelBox -q -selectedMainAttributes $gChannelBoxName"), "");
 }
 
 TEST_F(GuiTest, ScreenshotsAreTheSameOnEveryRun)
