@@ -1,5 +1,7 @@
 #include "PluginTest.h"
 
+#include "SceneText.h"
+
 #include <maya/MDoubleArray.h>
 #include <maya/MFileIO.h>
 #define MNoVersionString // the plug-in emits the version symbols
@@ -7,10 +9,6 @@
 #include <maya/MGlobal.h>
 #include <maya/MSelectionList.h>
 #include <mayasim/Host.h>
-
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
 
 MObject nodeNamed(const std::string& name)
 {
@@ -68,13 +66,7 @@ std::vector<double> PluginTest::keyTimes(const std::string& curveOrPlug) { retur
 
 std::string PluginTest::sceneText()
 {
-    QTemporaryDir folder;
-    const QString path = QDir(folder.path()).filePath(QStringLiteral("scene.ma"));
-    EXPECT_TRUE(MFileIO::exportAll(path.toUtf8().constData(), "mayaAscii"));
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return std::string();
-    return file.readAll().toStdString();
+    return ::sceneText();
 }
 
 void PluginTest::expectOneUndoStep(const std::function<void()>& action)
