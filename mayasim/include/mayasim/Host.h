@@ -88,11 +88,11 @@ std::vector<std::string> channelBoxHighlight(ChannelBoxSection section);
 
 // The time slider's highlighted frames, first to last (UI time unit).
 // timeControl answers with the range one frame past the last.
+void setTimeSliderHighlight(double first, double last);
+void clearTimeSliderHighlight();
 // The objects whose keys the time slider shows: those of its main list
 // connection (timeControl -mainListConnection), by default the selection.
 std::vector<std::string> timeSliderObjects();
-void setTimeSliderHighlight(double first, double last);
-void clearTimeSliderHighlight();
 // False when nothing is highlighted.
 bool timeSliderHighlight(double& first, double& last);
 

@@ -53,14 +53,6 @@ extern const char* const kArgumentParseError; // "Error while parsing arguments.
 std::string invalidFlagMessage(const std::string& flag);         // flag as written: "-foo"
 std::string missingFlagArgumentMessage(const std::string& flag); // flag as written
 
-// One argument of a call, after evaluation: quoted strings lose their quotes,
-// variables and back-tick substitutions are replaced by their values.
-struct Word
-{
-    std::string text;
-    bool quoted = false;  // came from a "string" (never a flag then)
-    bool isFlag() const;  // "-name": a dash followed by a letter, not quoted
-    bool isNumber() const;
 // A flag given as a Python keyword argument (maya.cmds). Its value keeps its
 // shape until a parser that knows how many arguments the flag takes reads it:
 // a switch, one use, or one use per item of a list.
@@ -73,20 +65,20 @@ struct KeywordValue
     bool list = false; // given as a list or tuple
 };
 
+// One argument of a call, after evaluation: quoted strings lose their quotes,
+// variables and back-tick substitutions are replaced by their values.
+struct Word
+{
+    std::string text;
+    bool quoted = false;  // came from a "string" (never a flag then)
+    std::shared_ptr<const KeywordValue> keyword{}; // set on a flag ("-name") made from a keyword argument
+    bool isFlag() const;  // "-name": a dash followed by a letter, not quoted
+    bool isNumber() const;
     double number() const; // throws MelError when not a number
     long integer() const;
     bool boolean() const;  // 0/1, true/false, on/off, yes/no; throws otherwise
 };
 
-// A flag a built-in command accepts, with how many arguments follow it.
-    std::shared_ptr<const KeywordValue> keyword{}; // set on a flag ("-name") made from a keyword argument
-struct FlagSpec
-{
-    std::string shortName;
-    std::string longName;
-    int argumentCount = 0;
-    bool queryTakesArguments = false; // with -query the flag still reads its arguments
-};
 // The uses a keyword flag stands for, given how many arguments the flag
 // reads: a flag without arguments is on unless its value is False, 0 or
 // empty; otherwise a scalar is one use, a list of exactly that many values
@@ -94,6 +86,14 @@ struct FlagSpec
 // use per item. Throws MelError when the value doesn't fit.
 std::vector<std::vector<Word>> keywordUses(const Word& flag, size_t argumentCount);
 
+// A flag a built-in command accepts, with how many arguments follow it.
+struct FlagSpec
+{
+    std::string shortName;
+    std::string longName;
+    int argumentCount = 0;
+    bool queryTakesArguments = false; // with -query the flag still reads its arguments
+};
 
 // The words of a call sorted into flags and positional arguments. With the
 // -query flag present, flags take no arguments unless queryTakesArguments.

@@ -23,9 +23,9 @@ struct PluginCommand
 
 bool addPluginCommand(PluginCommand command); // false when the name is taken
 bool removePluginCommand(const std::string& name);
-std::vector<std::string> pluginCommandNames();
 const PluginCommand* findPluginCommand(const std::string& name);
 std::vector<std::string> pluginCommandsOf(const std::string& plugin);
+std::vector<std::string> pluginCommandNames();
 
 // Parses the words against the command's syntax, creates the command, runs
 // doIt, and keeps the object on the undo queue when undo is on and it is
