@@ -1,12 +1,12 @@
 // mayasim-gui: Maya with its interface on mayasim. Opens the main window
 // (offscreen when there is no display), loads plug-ins and a scene, runs MEL
-// once the window is shown, and saves a screenshot when asked.
-#include <maya/MFileIO.h>
+// and Python once the window is shown, and saves a screenshot when asked.
 #include <maya/MGlobal.h>
 #include <maya/MLibrary.h>
 #include <mayasim/Gui.h>
 #include <mayasim/Host.h>
-#include <mayasim/Script.h>
+
+#include "Startup.h"
 
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QWidget>
@@ -14,20 +14,16 @@
 #include <iostream>
 #include <regex>
 #include <string>
-#include <vector>
 
 namespace {
 
 const char* const kUsage =
-    "usage: mayasim-gui [-file scene.ma] [-plugin path]... [-command \"MEL\"]... [-script file.mel] "
-    "[-size WxH] [-screenshot out.png] [-exit]\n";
+    "usage: mayasim-gui [-file scene.ma] [-plugin path]... [-command \"MEL\"]... [-script file.mel]... "
+    "[-python file.py]... [-size WxH] [-screenshot out.png] [-exit]\n";
 
 struct Options
 {
-    std::string file;
-    std::vector<std::string> plugins;
-    // -command and -script, in the order given: {is a script, text or path}
-    std::vector<std::pair<bool, std::string>> steps;
+    mayasim::apps::Startup startup;
     int width = 1280;
     int height = 800;
     std::string screenshot;
@@ -48,15 +44,9 @@ bool parse(int argc, char** argv, Options& options)
             return false;
         const std::string value = argv[++i];
         std::smatch size;
-        if (flag == "-file" && options.file.empty())
-            options.file = value;
-        else if (flag == "-plugin")
-            options.plugins.push_back(value);
-        else if (flag == "-command")
-            options.steps.emplace_back(false, value);
-        else if (flag == "-script")
-            options.steps.emplace_back(true, value);
-        else if (flag == "-size" && std::regex_match(value, size, std::regex("([0-9]{2,5})x([0-9]{2,5})")))
+        if (mayasim::apps::parseStartupFlag(flag, value, options.startup))
+            continue;
+        if (flag == "-size" && std::regex_match(value, size, std::regex("([0-9]{2,5})x([0-9]{2,5})")))
         {
             options.width = std::stoi(size[1]);
             options.height = std::stoi(size[2]);
@@ -69,34 +59,16 @@ bool parse(int argc, char** argv, Options& options)
     return true;
 }
 
-// MEL text in a string literal.
-std::string melString(const std::string& text)
-{
-    std::string result = "\"";
-    for (char c : text)
-    {
-        if (c == '"' || c == '\\')
-            result += '\\';
-        result += c;
-    }
-    return result + "\"";
-}
-
 bool run(const Options& options)
 {
-    bool ok = true;
-    for (const std::string& plugin : options.plugins)
-        ok = MGlobal::executeCommand(("loadPlugin " + melString(plugin)).c_str(), true, false) && ok;
-    if (!options.file.empty() && !MFileIO::open(options.file.c_str(), nullptr, true))
-        ok = false;
+    bool ok = mayasim::apps::load(options.startup);
     mayasim::gui::openMainWindow(options.width, options.height);
     QApplication::processEvents();
-    for (const auto& [isScript, text] : options.steps)
-        ok = (isScript ? mayasim::host::runScript(text) : MGlobal::executeCommand(text.c_str(), true, true)) && ok;
+    ok = mayasim::apps::runSteps(options.startup) && ok;
     if (!options.screenshot.empty())
     {
-        const bool saved =
-            MGlobal::executeCommand(("mayasimUi -screenshot " + melString(options.screenshot)).c_str(), false, false);
+        const std::string command = "mayasimUi -screenshot " + mayasim::apps::melString(options.screenshot);
+        const bool saved = MGlobal::executeCommand(command.c_str(), false, false);
         if (saved)
             std::cout << "Screenshot: " << options.screenshot << std::endl;
         ok = saved && ok;
