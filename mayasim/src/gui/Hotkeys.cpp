@@ -98,7 +98,8 @@ Combo comboOf(const std::string& name, const std::string& command)
                                                           {"Insert", "Ins"},   {"Return", "Return"}};
     const auto renamed = mayaNames.find(text);
     const QKeySequence sequence = QKeySequence::fromString(renamed == mayaNames.end() ? text : renamed->second);
-    if (text.isEmpty() || sequence.count() != 1 || (sequence[0] & Qt::KeyboardModifierMask) != 0)
+    if (text.isEmpty() || sequence.count() != 1 || (sequence[0] & Qt::KeyboardModifierMask) != 0 ||
+        sequence[0] == Qt::Key_unknown)
         throw MelError(command + ": Invalid key: " + name);
     combo.key = sequence[0];
     return combo;

@@ -29,6 +29,7 @@
 #include <QtWidgets/QProgressBar>
 #include <QtWidgets/QSpinBox>
 
+#include <cmath>
 #include <deque>
 #include <functional>
 #include <map>
@@ -171,9 +172,18 @@ Qt::MouseButton button(const ParsedArgs& args)
     fail("Invalid button: " + name);
 }
 
+// A whole number of pixels, milliseconds or steps, within reason.
+int whole(const Word& word, int low, int high)
+{
+    const double value = word.number();
+    if (!(value >= low && value <= high))
+        fail("Invalid number: " + word.text);
+    return static_cast<int>(std::lround(value));
+}
+
 QPoint point(const std::vector<Word>& words, size_t first)
 {
-    return {static_cast<int>(words.at(first).number()), static_cast<int>(words.at(first + 1).number())};
+    return {whole(words.at(first), -100000, 100000), whole(words.at(first + 1), -100000, 100000)};
 }
 
 struct Mouse
@@ -219,10 +229,10 @@ std::pair<int, Qt::KeyboardModifiers> keyOf(const std::string& text)
     if (lone != modifierKeys.end())
         return {lone->second, {}};
     const QKeySequence sequence = QKeySequence::fromString(QString::fromStdString(text));
-    if (sequence.count() != 1 || (sequence[0] & ~Qt::KeyboardModifierMask) == 0)
+    const int key = static_cast<int>(sequence[0] & ~Qt::KeyboardModifierMask);
+    if (sequence.count() != 1 || key == 0 || key == Qt::Key_unknown)
         fail("Invalid key: " + text);
-    return {static_cast<int>(sequence[0] & ~Qt::KeyboardModifierMask),
-            Qt::KeyboardModifiers(sequence[0] & Qt::KeyboardModifierMask)};
+    return {key, Qt::KeyboardModifiers(sequence[0] & Qt::KeyboardModifierMask)};
 }
 
 QString keyText(int key, Qt::KeyboardModifiers mods)
@@ -575,7 +585,7 @@ MelValue mayasimUi(const Invocation& call)
     if (args.has("pump"))
     {
         QEventLoop loop;
-        QTimer::singleShot(static_cast<int>(args.args("pump").at(0).number()), &loop, &QEventLoop::quit);
+        QTimer::singleShot(whole(args.args("pump").at(0), 0, 3600000), &loop, &QEventLoop::quit);
         loop.exec();
         return MelValue::none();
     }
@@ -638,7 +648,7 @@ MelValue mayasimUi(const Invocation& call)
     {
         const std::vector<Word>& words = args.args("drag");
         const QPoint from = point(words, 0), to = point(words, 2);
-        const int steps = args.has("steps") ? std::max(1, static_cast<int>(args.args("steps").at(0).integer())) : 1;
+        const int steps = args.has("steps") ? whole(args.args("steps").at(0), 1, 10000) : 1;
         sendMouse(widget, from, QEvent::MouseButtonPress, which, mods);
         for (int i = 1; i <= steps; ++i)
             sendMouse(widget, from + (to - from) * i / steps, QEvent::MouseMove, which, mods);

@@ -42,6 +42,8 @@ TEST_F(GuiTest, HotkeysRunTheirNamedCommandsOncePerPress)
     EXPECT_EQ(text("hotkey -q -releaseName -k \"k\" -ctl"), "countRelease");
     EXPECT_EQ(text("hotkey -q -name -k \"k\""), "");
     EXPECT_FALSE(mel("hotkey -k \"k\" -name noSuchCommand"));
+    EXPECT_FALSE(mel("hotkey -k \"NoSuchKey\" -name countPress"));
+    EXPECT_THAT(lastError(), HasSubstr("Invalid key: NoSuchKey"));
 
     // One press, however long auto-repeat runs, and one release; the
     // modifiers reach the application as with a real keyboard.

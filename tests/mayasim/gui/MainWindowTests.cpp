@@ -57,6 +57,15 @@ TEST_F(GuiTest, MQtUtilFindsTheHostControls)
                 ElementsAre("MayaWindow|MainPane|TimeSliderLayout|timeControl1 QWidget timeControl1",
                             "MayaWindow|MainPane|TimeSliderLayout|playbackControls QWidget playbackControls"));
 
+    // Bad numbers are reported, not acted on.
+    EXPECT_FALSE(mel("mayasimUi -click -at nan 3 timeControl1"));
+    EXPECT_FALSE(mel("mayasimUi -drag 0 0 1e300 0 timeControl1"));
+    EXPECT_THAT(lastError(), HasSubstr("Invalid number: 1e300"));
+    EXPECT_FALSE(mel("mayasimUi -pump -5"));
+    EXPECT_FALSE(mel("mayasimUi -click -button sideways timeControl1"));
+    EXPECT_FALSE(mel("mayasimUi -key \"Ctrl+Nonsense\""));
+    EXPECT_THAT(lastError(), HasSubstr("Invalid key: Ctrl+Nonsense"));
+
     // Without the interface (batch mode) there is no main window and no mayasimUi.
     mayasim::gui::closeMainWindow();
     EXPECT_EQ(MQtUtil::mainWindow(), nullptr);

@@ -9,6 +9,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 
 using ::testing::HasSubstr;
 
@@ -33,6 +34,20 @@ TEST(GuiProgram, RunsScriptsSavesAScreenshotAndExits)
     EXPECT_THAT(run.output, HasSubstr("Screenshot: " + shot));
     const QImage image(QString::fromStdString(shot));
     EXPECT_EQ(image.size(), QSize(640, 400));
+
+    // The same window at the same size is the same image on every run.
+    const std::string again = folder + "/again.png";
+    const std::string line = "env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM ASAN_OPTIONS=detect_leaks=0 " +
+                             program + " -command \"createNode transform -n ball; select ball; currentTime 7\"" +
+                             " -size 640x400 -exit -screenshot ";
+    ASSERT_EQ(runCommandLine(line + shot).status, 0);
+    ASSERT_EQ(runCommandLine(line + again).status, 0);
+    const auto bytes = [](const std::string& path) {
+        std::ifstream file(path, std::ios::binary);
+        return std::string(std::istreambuf_iterator<char>(file), {});
+    };
+    EXPECT_FALSE(bytes(shot).empty());
+    EXPECT_EQ(bytes(shot), bytes(again));
 
     // A bad size is a usage error.
     EXPECT_EQ(runCommandLine(program + " -size huge -exit").status, 2);
