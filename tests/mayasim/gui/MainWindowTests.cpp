@@ -95,6 +95,7 @@ TEST_F(GuiTest, TimeSliderClicksAndShiftDrags)
     ASSERT_TRUE(mel("mayasimUi -click -at " + std::to_string(frameX(slider, 50)) + " 10 timeControl1"));
     EXPECT_EQ(number("currentTime -q"), 50);
     EXPECT_EQ(text("mayasimUi -q -text currentTimeField"), "50");
+    EXPECT_EQ(number("mayasimUi -q -value currentTimeField"), 50);
 
     // A shift-drag highlights the frames it passes, first to last; timeControl
     // answers one frame past the last.

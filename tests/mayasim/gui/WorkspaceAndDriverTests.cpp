@@ -1,6 +1,7 @@
 // Workspace controls, modal dialogs answered by mayasimUi, and mayasimHost.
 #include "GuiTest.h"
 
+#include <maya/MConditionMessage.h>
 #include <maya/MEventMessage.h>
 #include <maya/MMessage.h>
 #include <maya/MQtUtil.h>
@@ -124,6 +125,18 @@ TEST_F(GuiTest, HostDriverCommand)
     EXPECT_EQ(timerCalls, 2);
     MMessage::removeCallback(idle);
     MMessage::removeCallback(timer);
+
+    // Events and conditions that only Maya's interface raises.
+    static std::vector<std::string> heard;
+    heard.clear();
+    const MCallbackId drag = MEventMessage::addEventCallback("DragRelease", [](void*) { heard.push_back("drag"); });
+    const MCallbackId playing = MConditionMessage::addConditionCallback(
+        "playingBack", [](bool state, void*) { heard.push_back(state ? "playing" : "stopped"); });
+    ASSERT_TRUE(mel("mayasimHost -raiseEvent DragRelease; mayasimHost -condition playingBack on; "
+                    "mayasimHost -condition playingBack off"));
+    EXPECT_THAT(heard, ElementsAre("drag", "playing", "stopped"));
+    MMessage::removeCallback(drag);
+    MMessage::removeCallback(playing);
 
     // The panels' highlights, read back as Maya's queries give them.
     ASSERT_TRUE(mel("mayasimHost -channelBox main \"tx ry\" -timeSliderHighlight 5 9"));
