@@ -197,28 +197,6 @@ bool Word::boolean() const
     return number() != 0.0;
 }
 
-// --- ParsedArgs ----------------------------------------------------------------
-
-namespace {
-
-const FlagSpec* findFlag(std::initializer_list<FlagSpec> flags, const std::string& name)
-{
-    for (const FlagSpec& flag : flags)
-        if (name == flag.shortName || name == flag.longName)
-            return &flag;
-    return nullptr;
-}
-
-} // namespace
-
-ParsedArgs::ParsedArgs(const std::string& /*command*/, const std::vector<Word>& words,
-                       std::initializer_list<FlagSpec> flags)
-{
-    // In query mode flags name what to query and take no arguments, unless
-    // the command reads arguments for that query too.
-    const FlagSpec* query = findFlag(flags, "query");
-    const bool querying = query && std::any_of(words.begin(), words.end(), [query](const Word& w) {
-        return namesFlag(w, *query) && (!w.keyword || !keywordUses(w, 0).empty());
 // --- keyword flags ---------------------------------------------------------------
 
 std::vector<std::vector<Word>> keywordUses(const Word& flag, size_t argumentCount)
@@ -260,15 +238,38 @@ std::vector<std::vector<Word>> keywordUses(const Word& flag, size_t argumentCoun
     return uses;
 }
 
-    });
-    for (size_t at = 0; at < words.size(); ++at) {
-        const Word& word = words[at];
-        if (!word.isFlag()) {
+// --- ParsedArgs ----------------------------------------------------------------
+
+namespace {
+
 bool namesFlag(const Word& word, const FlagSpec& flag)
 {
     return word.isFlag() && (word.text.substr(1) == flag.shortName || word.text.substr(1) == flag.longName);
 }
 
+
+const FlagSpec* findFlag(std::initializer_list<FlagSpec> flags, const std::string& name)
+{
+    for (const FlagSpec& flag : flags)
+        if (name == flag.shortName || name == flag.longName)
+            return &flag;
+    return nullptr;
+}
+
+} // namespace
+
+ParsedArgs::ParsedArgs(const std::string& /*command*/, const std::vector<Word>& words,
+                       std::initializer_list<FlagSpec> flags)
+{
+    // In query mode flags name what to query and take no arguments, unless
+    // the command reads arguments for that query too.
+    const FlagSpec* query = findFlag(flags, "query");
+    const bool querying = query && std::any_of(words.begin(), words.end(), [query](const Word& w) {
+        return namesFlag(w, *query) && (!w.keyword || !keywordUses(w, 0).empty());
+    });
+    for (size_t at = 0; at < words.size(); ++at) {
+        const Word& word = words[at];
+        if (!word.isFlag()) {
             fPositional.push_back(word);
             continue;
         }
@@ -276,6 +277,11 @@ bool namesFlag(const Word& word, const FlagSpec& flag)
         if (!flag)
             throw MelError(invalidFlagMessage(word.text));
         const int count = querying && !flag->queryTakesArguments ? 0 : flag->argumentCount;
+        if (word.keyword) {
+            for (std::vector<Word>& use : keywordUses(word, static_cast<size_t>(count)))
+                fFlags[flag->longName].push_back(std::move(use));
+            continue;
+        }
         if (at + static_cast<size_t>(count) >= words.size())
             throw MelError(missingFlagArgumentMessage(word.text));
         std::vector<Word> arguments(words.begin() + static_cast<long>(at) + 1,
@@ -298,11 +304,6 @@ const std::vector<std::vector<Word>>& ParsedArgs::uses(const std::string& longNa
 }
 
 const std::vector<Word>& ParsedArgs::args(const std::string& longName) const
-        if (word.keyword) {
-            for (std::vector<Word>& use : keywordUses(word, static_cast<size_t>(count)))
-                fFlags[flag->longName].push_back(std::move(use));
-            continue;
-        }
 {
     auto found = fFlags.find(longName);
     if (found == fFlags.end())
@@ -347,7 +348,6 @@ const BuiltinCommand* findBuiltin(const std::string& name)
     return found == builtins().end() ? nullptr : &found->second;
 }
 
-} // namespace mayasim
 std::vector<std::string> builtinNames()
 {
     std::vector<std::string> names;
@@ -356,3 +356,4 @@ std::vector<std::string> builtinNames()
     return names;
 }
 
+} // namespace mayasim
