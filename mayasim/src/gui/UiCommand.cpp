@@ -462,7 +462,9 @@ Dialogs& dialogs()
 
 MelValue query(const ParsedArgs& args)
 {
+    // What a person sees: the widgets up to date and laid out.
     syncWidgets();
+    QApplication::processEvents();
     if (args.has("dialog"))
     {
         if (QWidget* open = QApplication::activeModalWidget())

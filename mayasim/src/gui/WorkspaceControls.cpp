@@ -70,8 +70,17 @@ Qt::DockWidgetArea dockArea(const std::string& word)
 void setFloating(Control& control, bool floating, Qt::DockWidgetArea area = Qt::RightDockWidgetArea)
 {
     if (!floating)
+    {
         mainWindow()->addDockWidget(area, control.dock);
+        // On the right it takes a tab beside the channel box, as Maya's
+        // panels do.
+        auto* channelBox = mainWindow()->findChild<QDockWidget*>("ChannelBoxLayerEditor");
+        if (area == Qt::RightDockWidgetArea && channelBox && channelBox != control.dock.data())
+            mainWindow()->tabifyDockWidget(channelBox, control.dock);
+    }
     control.dock->setFloating(floating);
+    if (!floating)
+        control.dock->raise();
 }
 
 void close(const std::string& name, Control& control)
@@ -125,6 +134,7 @@ MelValue create(const std::string& name, const ParsedArgs& args)
     else
         setFloating(stored, args.has("floating") ? args.args("floating").at(0).boolean() : true);
     dock->show();
+    dock->raise();
     runUiScript(stored);
     return MelValue::ofString(fullName(widget).toStdString());
 }

@@ -17,8 +17,11 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QMainWindow>
 #include <QtWidgets/QMessageBox>
+#include <QtWidgets/QTabBar>
 
 #include <gmock/gmock.h>
+
+#include <algorithm>
 
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
@@ -67,6 +70,13 @@ TEST_F(GuiTest, WorkspaceControlLife)
     ASSERT_NE(dock, nullptr);
     EXPECT_EQ(window->dockWidgetArea(dock), Qt::RightDockWidgetArea);
     EXPECT_EQ(control->window(), window);
+    // A tab beside the channel box, brought to the front.
+    EXPECT_EQ(window->tabifiedDockWidgets(dock).size(), 1);
+    ASSERT_EQ(text("mayasimUi -q -visible toolPanel"), "1");
+    const QList<QTabBar*> tabBars = window->findChildren<QTabBar*>();
+    EXPECT_TRUE(std::any_of(tabBars.begin(), tabBars.end(), [](QTabBar* tabs) {
+        return tabs->isVisible() && tabs->tabText(tabs->currentIndex()) == "Tool Panel";
+    }));
     ASSERT_TRUE(mel("workspaceControl -e -floating true toolPanel"));
     EXPECT_EQ(text("workspaceControl -q -floating toolPanel"), "1");
 
