@@ -1,5 +1,6 @@
 #include "engine/Callbacks.h"
 #include "engine/Events.h"
+#include "engine/Modules.h"
 #include "file/SceneFile.h"
 #include "python/Embedded.h"
 
@@ -20,6 +21,8 @@ MStatus MLibrary::initialize(bool /*wantScriptOutput*/, const char* /*applicatio
 {
     mayasim::callbacks::reset();
     mayasim::file::resetDocument();
+    // As Maya on start: the modules' plug-in folders join the search path.
+    mayasim::modules::load();
     // Maya's standalone programs run Python, as the application does.
     return mayasim::python::start() ? MS::kSuccess : MS::kFailure;
 }

@@ -2,20 +2,13 @@
 // an exit status that says whether every command worked.
 #include "FileTest.h"
 
-#include <gmock/gmock.h>
+#include "BatchRun.h"
 
-#include <cstdio>
-#include <sys/wait.h>
+#include <gmock/gmock.h>
 
 using ::testing::HasSubstr;
 
 namespace {
-
-struct BatchRun
-{
-    std::string output;
-    int status = -1;
-};
 
 class Batch : public FileTest
 {
@@ -23,23 +16,11 @@ protected:
     void SetUp() override
     {
         FileTest::SetUp();
-        if (!std::filesystem::exists(program()))
+        if (!std::filesystem::exists(batchProgram()))
             GTEST_SKIP() << "mayasim-batch is not built";
     }
 
-    static std::string program() { return std::string(ORVANE_BINARY_DIR) + "/mayasim/mayasim-batch"; }
-
-    static BatchRun run(const std::string& arguments)
-    {
-        BatchRun result;
-        FILE* pipe = popen((program() + " " + arguments + " 2>&1").c_str(), "r");
-        char buffer[256];
-        while (pipe && std::fgets(buffer, sizeof buffer, pipe))
-            result.output += buffer;
-        const int status = pipe ? pclose(pipe) : -1;
-        result.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-        return result;
-    }
+    static BatchRun run(const std::string& arguments) { return runBatch(arguments); }
 };
 
 } // namespace
