@@ -4,6 +4,7 @@
 
 #include <maya/MQtUtil.h>
 
+#include <QtGui/QCursor>
 #include <QtGui/QIcon>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QMainWindow>
@@ -56,6 +57,10 @@ TEST_F(GuiTest, MQtUtilFindsTheHostControls)
     EXPECT_THAT(strings("mayasimUi -q -children TimeSliderLayout"),
                 ElementsAre("MayaWindow|MainPane|TimeSliderLayout|timeControl1 QWidget timeControl1",
                             "MayaWindow|MainPane|TimeSliderLayout|playbackControls QWidget playbackControls"));
+
+    // The cursor, where tools read it.
+    ASSERT_TRUE(mel("mayasimUi -cursor 12 7 timeControl1"));
+    EXPECT_EQ(QCursor::pos(), slider->mapToGlobal(QPoint(12, 7)));
 
     // Bad numbers are reported, not acted on.
     EXPECT_FALSE(mel("mayasimUi -click -at nan 3 timeControl1"));
