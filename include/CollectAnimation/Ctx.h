@@ -8,9 +8,7 @@
 
 #include <unordered_set>
 #include <vector>
-
-class MSelectionList;
-class MObjectArray;
+#include <maya/MApiNamespace.h>
 
 namespace CollectAnimation {
 

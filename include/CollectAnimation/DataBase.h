@@ -1,7 +1,6 @@
 #pragma once
 #include "CollectAnimation/Ctx.h"
-
-class MAnimCurveChange;
+#include <maya/MApiNamespace.h>
 
 namespace CollectAnimation {
 

@@ -5,8 +5,7 @@
 
 #include <cstdint>
 #include <vector>
-
-class MAnimCurveChange;
+#include <maya/MApiNamespace.h>
 
 // Blends that change the character of a stretch of curve rather than a
 // key's place.

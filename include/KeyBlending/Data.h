@@ -12,8 +12,7 @@
 #include <maya/MTime.h>
 
 #include <QString>
-
-class MSelectionList;
+#include <maya/MApiNamespace.h>
 
 namespace KeyBlending {
 

@@ -7,8 +7,7 @@
 
 #include <utility>
 #include <vector>
-
-class MAnimCurveChange;
+#include <maya/MApiNamespace.h>
 
 namespace KeyBlending {
 

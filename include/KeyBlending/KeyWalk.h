@@ -5,8 +5,7 @@
 
 #include <optional>
 #include <vector>
-
-class MAnimCurveChange;
+#include <maya/MApiNamespace.h>
 
 namespace KeyBlending {
 

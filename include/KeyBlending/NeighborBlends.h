@@ -4,8 +4,7 @@
 #include <maya/MTime.h>
 
 #include <vector>
-
-class MAnimCurveChange;
+#include <maya/MApiNamespace.h>
 
 // Blends that move keys toward the neighbours of their run: straight, eased,
 // as a block, or toward and away from the line between the neighbours.

@@ -4,8 +4,7 @@
 #include <maya/MObject.h>
 
 #include <vector>
-
-class MAnimCurveChange;
+#include <maya/MApiNamespace.h>
 
 namespace Snapshot {
 class Manager;

@@ -3,8 +3,7 @@
 #include <maya/MTime.h>
 
 #include <vector>
-
-class MAnimCurveChange;
+#include <maya/MApiNamespace.h>
 
 namespace CollectAnimation {
 class DataBase;

@@ -15,8 +15,7 @@
 #include <map>
 #include <tuple>
 #include <vector>
-
-class MAnimCurveChange;
+#include <maya/MApiNamespace.h>
 
 // What the world-space blends share: the pose a step computes, the object's
 // own rotation offsets and pivot, and the walk that writes transform channels

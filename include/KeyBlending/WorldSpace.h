@@ -7,8 +7,7 @@
 #include <maya/MTime.h>
 
 #include <vector>
-
-class MAnimCurveChange;
+#include <maya/MApiNamespace.h>
 
 // Blends of whole poses through world matrices, so that an object under a
 // moving parent travels between its neighbours' world poses.

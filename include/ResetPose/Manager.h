@@ -6,8 +6,7 @@
 #include <maya/MDGModifier.h>
 
 #include <QString>
-
-class MSelectionList;
+#include <maya/MApiNamespace.h>
 
 namespace ResetPose {
 

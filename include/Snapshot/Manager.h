@@ -8,8 +8,7 @@
 
 #include <optional>
 #include <vector>
-
-class MSelectionList;
+#include <maya/MApiNamespace.h>
 
 namespace Snapshot {
 

@@ -9,8 +9,7 @@
 #include <QString>
 
 #include <vector>
-
-class MSelectionList;
+#include <maya/MApiNamespace.h>
 
 namespace TangentBlending {
 

@@ -4,8 +4,7 @@
 #include <maya/MTime.h>
 
 #include <vector>
-
-class MSelectionList;
+#include <maya/MApiNamespace.h>
 
 // Key lookups on an animation curve node.
 unsigned int leftNeighborIndex(const MObject& curve, const MTime& t);

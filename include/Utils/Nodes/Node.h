@@ -2,8 +2,7 @@
 #include <maya/MObject.h>
 #include <maya/MObjectArray.h>
 #include <maya/MString.h>
-
-class MSelectionList;
+#include <maya/MApiNamespace.h>
 
 // Names and liveness of nodes.
 MString nodeDisplayName(const MObject& node);

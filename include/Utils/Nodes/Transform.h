@@ -6,9 +6,7 @@
 #include <maya/MPoint.h>
 
 #include <unordered_map>
-
-class MDagPath;
-class MDGContext;
+#include <maya/MApiNamespace.h>
 
 // Reads the transform attributes of one object at the current time or at any
 // frame, keeping the plugs it found.

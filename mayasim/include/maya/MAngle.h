@@ -2,6 +2,8 @@
 #include <maya/MTypes.h>
 #include <maya/MStatus.h>
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
+
 //! An angle in a unit; Maya's internal angle unit is radians.
 class OPENMAYA_EXPORT MAngle
 {
@@ -51,3 +53,5 @@ protected:
     double val;
     Unit valUnit;
 };
+
+OPENMAYA_NAMESPACE_CLOSE

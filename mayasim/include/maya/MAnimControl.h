@@ -4,6 +4,8 @@
 #include <maya/MTime.h>
 #include <maya/MTypes.h>
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
+
 //! The current time, the playback range (minTime..maxTime) inside the
 //! animation range, and the global tangent types new keys get.
 class OPENMAYAANIM_EXPORT MAnimControl
@@ -43,3 +45,5 @@ public:
     static MFnAnimCurve::TangentType globalOutTangentType(MStatus* ReturnStatus = NULL);
     static MStatus setGlobalOutTangentType(const MFnAnimCurve::TangentType& tangentType);
 };
+
+OPENMAYA_NAMESPACE_CLOSE

@@ -8,6 +8,8 @@ namespace mayasim::anim {
 class ChangeLog;
 }
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
+
 //! Anim curve change cache: keeps every MFnAnimCurve edit made with it, so
 //! that undoIt takes all of them back (last first) and redoIt replays them.
 class OPENMAYAANIM_EXPORT MAnimCurveChange
@@ -27,3 +29,5 @@ private:
     friend class mayasim::anim::ChangeLog;
     std::shared_ptr<mayasim::anim::ChangeLog> fLog;
 };
+
+OPENMAYA_NAMESPACE_CLOSE

@@ -2,7 +2,7 @@
 #include <maya/MMessage.h>
 #include <maya/MString.h>
 
-class MObjectArray;
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 
 //! Callbacks on animation curve edits: the curves edited, and the key
 //! changes (MFnKeyframeDelta objects) made to them.
@@ -17,3 +17,5 @@ public:
 
     static const char* className();
 };
+
+OPENMAYA_NAMESPACE_CLOSE

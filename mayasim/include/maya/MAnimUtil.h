@@ -1,11 +1,7 @@
 #pragma once
 #include <maya/MObject.h>
 
-class MPlug;
-class MPlugArray;
-class MObjectArray;
-class MSelectionList;
-class MDagPath;
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 
 //! Which nodes and plugs anim curves drive, and which curves drive a plug.
 class OPENMAYAANIM_EXPORT MAnimUtil
@@ -26,3 +22,5 @@ public:
 private:
     ~MAnimUtil();
 };
+
+OPENMAYA_NAMESPACE_CLOSE

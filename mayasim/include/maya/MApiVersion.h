@@ -1,7 +1,7 @@
 #pragma once
 // Every plug-in exports the API version it was built against; Maya refuses a
-// module without it. Only one source file of a plug-in may emit these.
-#include <maya/MTypes.h>
+// module without it. Only one source file of a plug-in may emit these, after
+// an API header has defined PLUGIN_EXPORT (MFnPlugin.h includes this one).
 
 // mayasim's own sources (built with mayasim_EXPORTS) are no plug-in.
 #if !defined(MNoVersionString) && !defined(mayasim_EXPORTS)

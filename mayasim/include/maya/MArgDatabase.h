@@ -3,7 +3,7 @@
 #include <maya/MStatus.h>
 #include <maya/MTypes.h>
 
-class MSelectionList;
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 
 //! MArgParser that also reads arguments and objects as selection lists.
 class OPENMAYA_EXPORT MArgDatabase : public MArgParser
@@ -30,3 +30,5 @@ public:
 
     static const char* className();
 };
+
+OPENMAYA_NAMESPACE_CLOSE

@@ -9,6 +9,8 @@ namespace mayasim {
 struct ArgListData;
 }
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
+
 //! The words of a command invocation, as the command's doIt receives them.
 class OPENMAYA_EXPORT MArgList
 {
@@ -46,3 +48,5 @@ public:
 private:
     std::unique_ptr<mayasim::ArgListData> fData;
 };
+
+OPENMAYA_NAMESPACE_CLOSE

@@ -4,13 +4,11 @@
 #include <maya/MTypes.h>
 #include <memory>
 
-class MSyntax;
-class MStringArray;
-class MArgList;
-
 namespace mayasim {
 struct ParsedCall;
 }
+
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 
 //! An argument list parsed against a command's syntax.
 class OPENMAYA_EXPORT MArgParser
@@ -53,3 +51,5 @@ protected:
     // mayasim: the parsed call; null when parsing failed.
     std::shared_ptr<const mayasim::ParsedCall> fCall;
 };
+
+OPENMAYA_NAMESPACE_CLOSE

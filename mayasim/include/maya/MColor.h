@@ -2,6 +2,8 @@
 #include <maya/MTypes.h>
 #include <iosfwd>
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
+
 //! A colour (r, g, b, a) of floats.
 class OPENMAYA_EXPORT MColor
 {
@@ -51,3 +53,5 @@ END_NO_SCRIPT_SUPPORT:
     float b;
     float a;
 };
+
+OPENMAYA_NAMESPACE_CLOSE

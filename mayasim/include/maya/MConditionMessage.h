@@ -2,6 +2,8 @@
 #include <maya/MMessage.h>
 #include <maya/MStringArray.h>
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
+
 //! Callbacks on named conditions ("playblasting", ...) changing state.
 class OPENMAYA_EXPORT MConditionMessage : public MMessage
 {
@@ -15,3 +17,5 @@ public:
 
     static const char* className();
 };
+
+OPENMAYA_NAMESPACE_CLOSE

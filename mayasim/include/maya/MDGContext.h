@@ -3,6 +3,8 @@
 #include <maya/MStatus.h>
 #include <maya/MTime.h>
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
+
 //! The context dependency graph evaluation happens in: normal (current
 //! time) or a specific time.
 class OPENMAYA_EXPORT MDGContext
@@ -29,3 +31,5 @@ private:
     bool fNormal = true;
     MTime fTime;
 };
+
+OPENMAYA_NAMESPACE_CLOSE

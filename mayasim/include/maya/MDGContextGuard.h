@@ -1,6 +1,8 @@
 #pragma once
 #include <maya/MDGContext.h>
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
+
 //! Makes a context current for the guard's lifetime, then restores the
 //! previous one.
 class OPENMAYA_EXPORT MDGContextGuard
@@ -15,3 +17,5 @@ public:
 private:
     MDGContext fPrevious;
 };
+
+OPENMAYA_NAMESPACE_CLOSE

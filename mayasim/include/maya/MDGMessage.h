@@ -2,11 +2,9 @@
 #include <maya/MMessage.h>
 #include <maya/MString.h>
 
-class MTime;
-class MObject;
-class MPlug;
-
 #define kDefaultNodeType "dependNode"
+
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 
 //! Callbacks on dependency graph changes: time, nodes added and removed.
 class OPENMAYA_EXPORT MDGMessage : public MMessage
@@ -23,3 +21,5 @@ public:
 private:
     static const char* className();
 };
+
+OPENMAYA_NAMESPACE_CLOSE

@@ -6,16 +6,12 @@
 #include <memory>
 #include <vector>
 
-class MTypeId;
-class MPlug;
-class MAngle;
-class MDistance;
-class MTime;
-
 namespace mayasim {
 class ModifierOperation;
 struct ModifierAccess;
 }
+
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 
 //! Records dependency graph edits; doIt applies what it hasn't applied yet,
 //! undoIt reverts everything it applied, latest first.
@@ -69,3 +65,5 @@ private:
 
     friend struct mayasim::ModifierAccess;
 };
+
+OPENMAYA_NAMESPACE_CLOSE

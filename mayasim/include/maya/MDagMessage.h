@@ -1,6 +1,8 @@
 #pragma once
 #include <maya/MMessage.h>
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
+
 //! Callbacks on DAG changes.
 class OPENMAYA_EXPORT MDagMessage : public MMessage
 {
@@ -68,3 +70,5 @@ public:
 
     static const char* className();
 };
+
+OPENMAYA_NAMESPACE_CLOSE

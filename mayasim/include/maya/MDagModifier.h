@@ -1,6 +1,8 @@
 #pragma once
 #include <maya/MDGModifier.h>
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
+
 //! MDGModifier with DAG operations: create under a parent, reparent.
 class OPENMAYA_EXPORT MDagModifier : public MDGModifier
 {
@@ -16,3 +18,5 @@ public:
 
     static const char* className();
 };
+
+OPENMAYA_NAMESPACE_CLOSE

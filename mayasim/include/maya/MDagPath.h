@@ -6,12 +6,11 @@
 #include <maya/MString.h>
 #include <vector>
 
-class MDagPathArray;
-class MMatrix;
-
 namespace mayasim {
 struct DagPathAccess;
 }
+
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 
 //! A path from the world down to a DAG node, through its parents.
 class OPENMAYA_EXPORT MDagPath
@@ -60,3 +59,5 @@ private:
 
     friend struct mayasim::DagPathAccess;
 };
+
+OPENMAYA_NAMESPACE_CLOSE

@@ -6,11 +6,11 @@
 #include <maya/MDGContext.h>
 #include <memory>
 
-class MPlug;
-
 namespace mayasim {
 class DataBlockStorage;
 }
+
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 
 //! The values of one node's attributes during a compute.
 class OPENMAYA_EXPORT MDataBlock
@@ -36,3 +36,5 @@ public:
 private:
     std::shared_ptr<mayasim::DataBlockStorage> fStorage;
 };
+
+OPENMAYA_NAMESPACE_CLOSE

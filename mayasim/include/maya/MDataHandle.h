@@ -5,14 +5,11 @@
 #include <maya/MString.h>
 #include <memory>
 
-class MMatrix;
-class MAngle;
-class MDistance;
-class MTime;
-
 namespace mayasim {
 struct DataSlot;
 }
+
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 
 //! One attribute's value inside a node's data block, for compute and for
 //! internal attributes.
@@ -76,3 +73,5 @@ public:
 private:
     std::shared_ptr<mayasim::DataSlot> fSlot;
 };
+
+OPENMAYA_NAMESPACE_CLOSE

@@ -2,6 +2,8 @@
 #include <maya/MStatus.h>
 #include <maya/MTypes.h>
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
+
 //! A distance in a unit; Maya's internal distance unit is centimetres.
 class OPENMAYA_EXPORT MDistance
 {
@@ -54,3 +56,5 @@ protected:
     double val;
     Unit valUnit;
 };
+
+OPENMAYA_NAMESPACE_CLOSE

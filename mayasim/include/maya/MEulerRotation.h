@@ -3,11 +3,9 @@
 #include <maya/MTransformationMatrix.h>
 #include <iosfwd>
 
-class MMatrix;
-class MQuaternion;
-class MVector;
-
 #define kEulerRotationEpsilon 1.0e-10
+
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 
 //! Rotation in radians about x, y and z, applied in the given order
 //! (kXYZ: x first, so its matrix is Rx * Ry * Rz with row vectors).
@@ -89,3 +87,5 @@ END_NO_SCRIPT_SUPPORT:
     double z;
     RotationOrder order;
 };
+
+OPENMAYA_NAMESPACE_CLOSE

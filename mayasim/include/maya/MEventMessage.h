@@ -2,6 +2,8 @@
 #include <maya/MMessage.h>
 #include <maya/MStringArray.h>
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
+
 //! Callbacks on named events ("idle", "SelectionChanged", ...).
 class OPENMAYA_EXPORT MEventMessage : public MMessage
 {
@@ -13,3 +15,5 @@ public:
 
     static const char* className();
 };
+
+OPENMAYA_NAMESPACE_CLOSE

@@ -3,6 +3,8 @@
 #include <maya/MString.h>
 #include <maya/MStringArray.h>
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
+
 //! Opens, saves, imports and exports scene files.
 class OPENMAYA_EXPORT MFileIO
 {
@@ -37,3 +39,5 @@ public:
 
     static const char* className();
 };
+
+OPENMAYA_NAMESPACE_CLOSE

@@ -5,6 +5,8 @@
 
 #define MFloatMatrix_kTol 1.0e-5F
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
+
 //! A 4x4 matrix of floats, same row-vector convention as MMatrix.
 class OPENMAYA_EXPORT MFloatMatrix
 {
@@ -60,3 +62,5 @@ inline const float* MFloatMatrix::operator[](unsigned int row) const
 {
     return matrix[row];
 }
+
+OPENMAYA_NAMESPACE_CLOSE

@@ -3,12 +3,9 @@
 #include <maya/MStatus.h>
 #include <iosfwd>
 
-class MFloatMatrix;
-class MPoint;
-class MVector;
-class MFloatVector;
-
 #define MFloatPoint_kTol 1.0e-5F
+
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 
 //! A homogeneous point of floats (x, y, z, w).
 class OPENMAYA_EXPORT MFloatPoint
@@ -65,3 +62,5 @@ END_NO_SCRIPT_SUPPORT:
     float z;
     float w;
 };
+
+OPENMAYA_NAMESPACE_CLOSE

@@ -3,12 +3,9 @@
 #include <maya/MStatus.h>
 #include <iosfwd>
 
-class MFloatMatrix;
-class MVector;
-class MPoint;
-class MFloatPoint;
-
 #define MFloatVector_kTol 1.0e-5F
+
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 
 //! A vector math class for vectors of floats.
 class OPENMAYA_EXPORT MFloatVector
@@ -85,3 +82,5 @@ END_NO_SCRIPT_SUPPORT:
     float y;
     float z;
 };
+
+OPENMAYA_NAMESPACE_CLOSE

@@ -3,6 +3,8 @@
 // numbers them: plug-ins may compare apiType() values by number.
 #include <maya/MTypes.h>
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
+
 //! Function set type identifiers.
 class OPENMAYA_EXPORT MFn
 {
@@ -1152,3 +1154,5 @@ public:
         kLast = 1140
     };
 };
+
+OPENMAYA_NAMESPACE_CLOSE

@@ -5,9 +5,7 @@
 #include <maya/MTime.h>
 #include <maya/MTimeArray.h>
 
-class MAnimCurveChange;
-class MDGModifier;
-class MPlug;
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 
 //! Function set for anim curve nodes: creating them, reading and editing
 //! their keys and tangents, and evaluating them.
@@ -152,3 +150,5 @@ public:
 
     static const char* className();
 };
+
+OPENMAYA_NAMESPACE_CLOSE

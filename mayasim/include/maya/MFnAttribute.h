@@ -2,6 +2,8 @@
 #include <maya/MFnBase.h>
 #include <maya/MString.h>
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
+
 //! Function set for attributes: names and the flags every attribute has.
 class OPENMAYA_EXPORT MFnAttribute : public MFnBase
 {
@@ -70,3 +72,5 @@ public:
 
     static const char* className();
 };
+
+OPENMAYA_NAMESPACE_CLOSE

@@ -4,6 +4,8 @@
 #include <maya/MObject.h>
 #include <maya/MStatus.h>
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
+
 //! Base of all function sets: attaches to an MObject of a compatible type.
 class OPENMAYA_EXPORT MFnBase
 {
@@ -24,3 +26,5 @@ protected:
 
     MObject fObject;
 };
+
+OPENMAYA_NAMESPACE_CLOSE

@@ -1,6 +1,8 @@
 #pragma once
 #include <maya/MFnAttribute.h>
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
+
 //! Function set for compound attributes: a group of child attributes.
 class OPENMAYA_EXPORT MFnCompoundAttribute : public MFnAttribute
 {
@@ -19,3 +21,5 @@ public:
 
     static const char* className();
 };
+
+OPENMAYA_NAMESPACE_CLOSE

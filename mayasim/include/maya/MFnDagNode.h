@@ -2,8 +2,7 @@
 #include <maya/MFnDependencyNode.h>
 #include <maya/MDagPath.h>
 
-class MDagPathArray;
-class MMatrix;
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 
 //! Function set for nodes in the DAG: parents, children and paths.
 class OPENMAYA_EXPORT MFnDagNode : public MFnDependencyNode
@@ -52,3 +51,5 @@ public:
 protected:
     MDagPath fPath; // the path the set was attached through, or the first one
 };
+
+OPENMAYA_NAMESPACE_CLOSE

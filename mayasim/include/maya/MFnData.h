@@ -1,6 +1,8 @@
 #pragma once
 #include <maya/MFnBase.h>
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
+
 //! Base of the function sets for data objects that flow through plugs.
 class OPENMAYA_EXPORT MFnData : public MFnBase
 {
@@ -43,3 +45,5 @@ public:
 
     static const char* className();
 };
+
+OPENMAYA_NAMESPACE_CLOSE

@@ -5,8 +5,7 @@
 #include <maya/MUuid.h>
 #include <maya/MPlug.h>
 
-class MPlugArray;
-class MPxNode;
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 
 //! Function set for dependency nodes.
 class OPENMAYA_EXPORT MFnDependencyNode : public MFnBase
@@ -62,3 +61,5 @@ public:
     static MString classification(const MString& nodeTypeName);
     static const char* className();
 };
+
+OPENMAYA_NAMESPACE_CLOSE

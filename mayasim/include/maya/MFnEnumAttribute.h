@@ -1,6 +1,8 @@
 #pragma once
 #include <maya/MFnAttribute.h>
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
+
 //! Function set for enumerated attributes: named integer fields.
 class OPENMAYA_EXPORT MFnEnumAttribute : public MFnAttribute
 {
@@ -25,3 +27,5 @@ public:
 
     static const char* className();
 };
+
+OPENMAYA_NAMESPACE_CLOSE

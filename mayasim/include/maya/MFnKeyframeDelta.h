@@ -1,6 +1,8 @@
 #pragma once
 #include <maya/MFnBase.h>
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
+
 //! Base function set for the key changes that keyframe-edited callbacks
 //! receive: which curve, which key.
 class OPENMAYAANIM_EXPORT MFnKeyframeDelta : public MFnBase
@@ -17,3 +19,5 @@ public:
 
     static const char* className();
 };
+
+OPENMAYA_NAMESPACE_CLOSE

@@ -2,6 +2,8 @@
 #include <maya/MFnKeyframeDelta.h>
 #include <maya/MTime.h>
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
+
 //! A key added to a curve, removed from it, or set over an existing key.
 class OPENMAYAANIM_EXPORT MFnKeyframeDeltaAddRemove : public MFnKeyframeDelta
 {
@@ -27,3 +29,5 @@ public:
 
     static const char* className();
 };
+
+OPENMAYA_NAMESPACE_CLOSE

@@ -2,6 +2,8 @@
 #include <maya/MFnAnimCurve.h>
 #include <maya/MFnKeyframeDelta.h>
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
+
 //! A change of a curve's pre- or post-infinity type.
 class OPENMAYAANIM_EXPORT MFnKeyframeDeltaInfType : public MFnKeyframeDelta
 {
@@ -18,3 +20,5 @@ public:
 
     static const char* className();
 };
+
+OPENMAYA_NAMESPACE_CLOSE

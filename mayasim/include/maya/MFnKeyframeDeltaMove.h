@@ -2,6 +2,8 @@
 #include <maya/MFnKeyframeDelta.h>
 #include <maya/MTime.h>
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
+
 //! A key moved in time or value.
 class OPENMAYAANIM_EXPORT MFnKeyframeDeltaMove : public MFnKeyframeDelta
 {
@@ -22,3 +24,5 @@ public:
 
     static const char* className();
 };
+
+OPENMAYA_NAMESPACE_CLOSE

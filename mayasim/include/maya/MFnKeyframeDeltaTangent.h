@@ -2,6 +2,8 @@
 #include <maya/MFnAnimCurve.h>
 #include <maya/MFnKeyframeDelta.h>
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
+
 //! A change of one side of a key's tangent: its type or its direction.
 class OPENMAYAANIM_EXPORT MFnKeyframeDeltaTangent : public MFnKeyframeDelta
 {
@@ -20,3 +22,5 @@ public:
 
     static const char* className();
 };
+
+OPENMAYA_NAMESPACE_CLOSE

@@ -1,6 +1,8 @@
 #pragma once
 #include <maya/MFnKeyframeDelta.h>
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
+
 //! A curve turned weighted or unweighted.
 class OPENMAYAANIM_EXPORT MFnKeyframeDeltaWeighted : public MFnKeyframeDelta
 {
@@ -15,3 +17,5 @@ public:
 
     static const char* className();
 };
+
+OPENMAYA_NAMESPACE_CLOSE

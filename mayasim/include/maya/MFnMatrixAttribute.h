@@ -1,7 +1,7 @@
 #pragma once
 #include <maya/MFnAttribute.h>
 
-class MMatrix;
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 
 //! Function set for matrix attributes.
 class OPENMAYA_EXPORT MFnMatrixAttribute : public MFnAttribute
@@ -26,3 +26,5 @@ public:
 
     static const char* className();
 };
+
+OPENMAYA_NAMESPACE_CLOSE

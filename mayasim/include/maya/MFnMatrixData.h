@@ -3,6 +3,8 @@
 #include <maya/MMatrix.h>
 #include <maya/MTransformationMatrix.h>
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
+
 //! Function set for matrix data.
 class OPENMAYA_EXPORT MFnMatrixData : public MFnData
 {
@@ -24,3 +26,5 @@ public:
 
     static const char* className();
 };
+
+OPENMAYA_NAMESPACE_CLOSE

@@ -1,6 +1,8 @@
 #pragma once
 #include <maya/MFnAttribute.h>
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
+
 //! Function set for message attributes: connections without data.
 class OPENMAYA_EXPORT MFnMessageAttribute : public MFnAttribute
 {
@@ -15,3 +17,5 @@ public:
 
     static const char* className();
 };
+
+OPENMAYA_NAMESPACE_CLOSE

@@ -2,6 +2,8 @@
 #include <maya/MFnAttribute.h>
 #include <maya/MFnNumericData.h>
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
+
 //! Function set for numeric attributes (and compounds of 2 to 4 numbers).
 class OPENMAYA_EXPORT MFnNumericAttribute : public MFnAttribute
 {
@@ -55,3 +57,5 @@ public:
 
     static const char* className();
 };
+
+OPENMAYA_NAMESPACE_CLOSE

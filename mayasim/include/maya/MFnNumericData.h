@@ -1,6 +1,8 @@
 #pragma once
 #include <maya/MFnData.h>
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
+
 //! Function set for numeric data: single numbers and 2, 3 or 4 tuples.
 class OPENMAYA_EXPORT MFnNumericData : public MFnData
 {
@@ -50,3 +52,5 @@ public:
 
     static const char* className();
 };
+
+OPENMAYA_NAMESPACE_CLOSE

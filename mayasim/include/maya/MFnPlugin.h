@@ -1,14 +1,18 @@
 #pragma once
 // Registration of a plug-in's commands and node types. Including this header
 // also emits the plug-in's API version (see MApiVersion.h).
-#include <maya/MApiVersion.h>
 #include <maya/MFnBase.h>
+#include <maya/MApiVersion.h>
 #include <maya/MPxNode.h>
+#include <maya/MDeprecate.h>
+#include <maya/MPlugin.h>
 #include <maya/MString.h>
 #include <maya/MTypeId.h>
 
 PLUGIN_EXPORT MStatus initializePlugin(MObject obj);
 PLUGIN_EXPORT MStatus uninitializePlugin(MObject obj);
+
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 
 //! Registers and deregisters a plug-in's services with Maya.
 class OPENMAYA_EXPORT MFnPlugin : public MFnBase
@@ -38,3 +42,5 @@ public:
 
     static const char* className();
 };
+
+OPENMAYA_NAMESPACE_CLOSE

@@ -2,6 +2,8 @@
 #include <maya/MFnData.h>
 #include <maya/MString.h>
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
+
 //! Function set for string data.
 class OPENMAYA_EXPORT MFnStringData : public MFnData
 {
@@ -19,3 +21,5 @@ public:
 
     static const char* className();
 };
+
+OPENMAYA_NAMESPACE_CLOSE

@@ -6,6 +6,8 @@
 #include <maya/MQuaternion.h>
 #include <maya/MEulerRotation.h>
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
+
 //! Function set for transform nodes: the channels of Maya's transform stack.
 class OPENMAYA_EXPORT MFnTransform : public MFnDagNode
 {
@@ -53,3 +55,5 @@ public:
 
     static const char* className();
 };
+
+OPENMAYA_NAMESPACE_CLOSE

@@ -2,7 +2,7 @@
 #include <maya/MFnAttribute.h>
 #include <maya/MFnData.h>
 
-class MTypeId;
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 
 //! Function set for attributes holding a data object (string, matrix, ...).
 class OPENMAYA_EXPORT MFnTypedAttribute : public MFnAttribute
@@ -24,3 +24,5 @@ public:
 
     static const char* className();
 };
+
+OPENMAYA_NAMESPACE_CLOSE

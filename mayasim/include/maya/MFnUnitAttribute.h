@@ -1,9 +1,7 @@
 #pragma once
 #include <maya/MFnAttribute.h>
 
-class MAngle;
-class MDistance;
-class MTime;
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 
 //! Function set for attributes with a unit: angle, distance, time.
 class OPENMAYA_EXPORT MFnUnitAttribute : public MFnAttribute
@@ -52,3 +50,5 @@ public:
 
     static const char* className();
 };
+
+OPENMAYA_NAMESPACE_CLOSE

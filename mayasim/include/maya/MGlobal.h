@@ -6,8 +6,7 @@
 #include <maya/MString.h>
 #include <maya/MStringArray.h>
 
-class MSelectionList;
-class MDagPath;
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 
 //! Static functions for selection, messages and running commands.
 class OPENMAYA_EXPORT MGlobal
@@ -98,3 +97,5 @@ public:
 private:
     ~MGlobal();
 };
+
+OPENMAYA_NAMESPACE_CLOSE

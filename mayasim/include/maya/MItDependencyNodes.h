@@ -5,6 +5,8 @@
 #include <maya/MStatus.h>
 #include <vector>
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
+
 //! Walks every dependency node in the scene, optionally of one MFn type.
 class OPENMAYA_EXPORT MItDependencyNodes
 {
@@ -23,3 +25,5 @@ private:
     std::vector<MObject> fNodes; // the nodes that pass the filter, as of the last reset
     size_t fIndex = 0;
 };
+
+OPENMAYA_NAMESPACE_CLOSE

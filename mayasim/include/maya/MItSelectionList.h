@@ -5,7 +5,7 @@
 #include <maya/MStatus.h>
 #include <maya/MSelectionList.h>
 
-class MStringArray;
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 
 //! Walks a selection list, optionally only over items of one MFn type.
 class OPENMAYA_EXPORT MItSelectionList
@@ -43,3 +43,5 @@ private:
     MFn::Type fFilter;
     unsigned int fIndex = 0;
 };
+
+OPENMAYA_NAMESPACE_CLOSE

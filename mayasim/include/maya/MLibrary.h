@@ -2,6 +2,8 @@
 #include <maya/MStatus.h>
 #include <maya/MTypes.h>
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
+
 //! Starts and ends Maya in a standalone (library mode) program.
 class OPENMAYA_EXPORT MLibrary
 {
@@ -13,3 +15,5 @@ public:
 
     static void cleanup(int exitStatus = 0, bool exitWhenDone = true);
 };
+
+OPENMAYA_NAMESPACE_CLOSE

@@ -5,6 +5,8 @@
 
 #define MMatrix_kTol 1.0e-10
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
+
 //! A 4x4 matrix of doubles. Maya multiplies row vectors on the left
 //! (p' = p * M), so the translation sits in row 3.
 class OPENMAYA_EXPORT MMatrix
@@ -64,3 +66,5 @@ inline const double* MMatrix::operator[](unsigned int row) const
 {
     return matrix[row];
 }
+
+OPENMAYA_NAMESPACE_CLOSE

@@ -1,20 +1,13 @@
 #pragma once
 #include <maya/MStatus.h>
+#include <maya/MDeprecate.h>
+#include <maya/MPlugin.h>
+#include <maya/MApiNamespace.h>
 
-class MIntArray;
-class MObject;
-class MCallbackIdArray;
-class MFileObject;
-class MUintArray;
-class MString;
-class MPlug;
-class MDagPath;
-class MTime;
-class MDGModifier;
-class MObjectArray;
-class MStringArray;
-class MPlugArray;
-class MUuid;
+//! Identifies a registered callback.
+typedef uintptr_t MCallbackId;
+
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 
 //! Message base class: removal of callbacks and the callback function types.
 class OPENMAYA_EXPORT MMessage
@@ -56,3 +49,5 @@ public:
 
     static const char* className();
 };
+
+OPENMAYA_NAMESPACE_CLOSE

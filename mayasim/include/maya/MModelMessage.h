@@ -1,7 +1,7 @@
 #pragma once
 #include <maya/MMessage.h>
 
-class MObject;
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 
 //! Callbacks on model changes: the active selection.
 class OPENMAYA_EXPORT MModelMessage : public MMessage
@@ -18,3 +18,5 @@ public:
 
     static const char* className();
 };
+
+OPENMAYA_NAMESPACE_CLOSE

@@ -1,9 +1,7 @@
 #pragma once
 #include <maya/MMessage.h>
 
-class MPlug;
-class MObject;
-class MDGModifier;
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 
 //! Callbacks on one dependency node.
 class OPENMAYA_EXPORT MNodeMessage : public MMessage
@@ -53,3 +51,5 @@ public:
 
     static const char* className();
 };
+
+OPENMAYA_NAMESPACE_CLOSE

@@ -7,6 +7,8 @@ namespace mayasim {
 class Object;
 }
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
+
 //! Generic handle on an internal Maya object (node, attribute, data).
 class OPENMAYA_EXPORT MObject
 {
@@ -34,3 +36,5 @@ public:
 private:
     std::shared_ptr<mayasim::Object> fObject;
 };
+
+OPENMAYA_NAMESPACE_CLOSE

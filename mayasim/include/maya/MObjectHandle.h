@@ -1,6 +1,8 @@
 #pragma once
 #include <maya/MObject.h>
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
+
 //! Tracks whether an MObject still refers to a live, valid object.
 class OPENMAYA_EXPORT MObjectHandle
 {
@@ -32,3 +34,5 @@ private:
     mutable MObject fRef; // what objectRef() last handed out
     unsigned int fHash = 0;
 };
+
+OPENMAYA_NAMESPACE_CLOSE

@@ -5,16 +5,11 @@
 #include <maya/MString.h>
 #include <vector>
 
-class MPlugArray;
-class MIntArray;
-class MAngle;
-class MDistance;
-class MTime;
-class MDGContext;
-
 namespace mayasim {
 struct PlugAccess;
 }
+
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 
 //! A node's attribute, or one element or child of it, as a connection point
 //! with a value.
@@ -132,3 +127,5 @@ private:
 
     friend struct mayasim::PlugAccess;
 };
+
+OPENMAYA_NAMESPACE_CLOSE

@@ -3,12 +3,9 @@
 #include <maya/MStatus.h>
 #include <iosfwd>
 
-class MMatrix;
-class MVector;
-class MFloatVector;
-class MFloatPoint;
-
 #define MPoint_kTol 1.0e-10
+
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 
 //! A homogeneous point of doubles (x, y, z, w); transformed as a row: p * M.
 class OPENMAYA_EXPORT MPoint
@@ -71,3 +68,5 @@ END_NO_SCRIPT_SUPPORT:
     double z;
     double w;
 };
+
+OPENMAYA_NAMESPACE_CLOSE

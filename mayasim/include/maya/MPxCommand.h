@@ -4,15 +4,11 @@
 #include <maya/MTypes.h>
 #include <memory>
 
-class MArgList;
-class MIntArray;
-class MDoubleArray;
-class MStringArray;
-class MSyntax;
-
 namespace mayasim {
 struct CommandAccess;
 }
+
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 
 //! Base class for commands written in a plug-in.
 class OPENMAYA_EXPORT MPxCommand
@@ -71,3 +67,5 @@ private:
     MString fCommandString;
     bool fHistoryOn = false;
 };
+
+OPENMAYA_NAMESPACE_CLOSE

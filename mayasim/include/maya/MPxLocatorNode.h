@@ -1,6 +1,8 @@
 #pragma once
 #include <maya/MPxNode.h>
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
+
 //! Base class of locator node types defined by plug-ins.
 class OPENMAYA_EXPORT MPxLocatorNode : public MPxNode
 {
@@ -29,3 +31,5 @@ public:
 
     static const char* className();
 };
+
+OPENMAYA_NAMESPACE_CLOSE

@@ -5,14 +5,11 @@
 #include <maya/MString.h>
 #include <maya/MTypeId.h>
 
-class MPlug;
-class MDataBlock;
-class MDataHandle;
-class MDGContext;
-
 namespace mayasim {
 class Node;
 }
+
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 
 //! Base class of node types defined by plug-ins.
 class OPENMAYA_EXPORT MPxNode
@@ -83,3 +80,5 @@ private:
     friend class mayasim::Node;
     mayasim::Node* fNode = nullptr; // the scene node this instance is the user part of
 };
+
+OPENMAYA_NAMESPACE_CLOSE

@@ -4,11 +4,9 @@
 #include <maya/MTransformationMatrix.h>
 #include <iosfwd>
 
-class MMatrix;
-class MVector;
-class MEulerRotation;
-
 #define kQuaternionEpsilon 1.0e-10
+
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 
 //! Quaternion (x, y, z imaginary; w real). Products compose like Maya's
 //! row-vector matrices: (a * b).asMatrix() == a.asMatrix() * b.asMatrix().
@@ -70,3 +68,5 @@ END_NO_SCRIPT_SUPPORT:
     double z;
     double w;
 };
+
+OPENMAYA_NAMESPACE_CLOSE

@@ -2,6 +2,8 @@
 #include <maya/MMessage.h>
 #include <maya/MStringArray.h>
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
+
 //! Callbacks on scene file operations.
 class OPENMAYA_EXPORT MSceneMessage : public MMessage
 {
@@ -71,3 +73,5 @@ public:
 
     static const char* className();
 };
+
+OPENMAYA_NAMESPACE_CLOSE

@@ -8,9 +8,6 @@
 #include <string>
 #include <vector>
 
-class MStringArray;
-class MUuid;
-
 namespace mayasim {
 // One entry of a selection list: a dependency node, a DAG path, a plug, or
 // a component kept as the text after the object's name ("vtx[0:3]").
@@ -22,6 +19,8 @@ struct SelectionItem
     std::string component;
 };
 } // namespace mayasim
+
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 
 //! An ordered list of selected objects, DAG paths, plugs and components.
 class OPENMAYA_EXPORT MSelectionList
@@ -73,3 +72,5 @@ public:
 private:
     std::vector<mayasim::SelectionItem> fItems;
 };
+
+OPENMAYA_NAMESPACE_CLOSE

@@ -2,7 +2,7 @@
 #include <maya/MTypes.h>
 #include <iosfwd>
 
-class MString;
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 
 //! Status code returned by API calls.
 class OPENMAYA_EXPORT MStatus
@@ -52,6 +52,8 @@ private:
     unsigned char fStatusCode;
     bool fStatus;
 };
+
+OPENMAYA_NAMESPACE_CLOSE
 
 typedef MStatus MS;
 

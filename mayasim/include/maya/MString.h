@@ -4,7 +4,7 @@
 #include <iosfwd>
 #include <string>
 
-class MStringArray;
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 
 //! Text passed to and from every API call.
 class OPENMAYA_EXPORT MString
@@ -98,3 +98,5 @@ private:
     mutable std::wstring fWide;
     static const MString argUnused;
 };
+
+OPENMAYA_NAMESPACE_CLOSE

@@ -7,6 +7,8 @@ namespace mayasim {
 struct SyntaxSpec;
 }
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
+
 //! The flags, command arguments and objects a command accepts.
 class OPENMAYA_EXPORT MSyntax
 {
@@ -69,3 +71,5 @@ public:
 private:
     std::unique_ptr<mayasim::SyntaxSpec> fSpec;
 };
+
+OPENMAYA_NAMESPACE_CLOSE

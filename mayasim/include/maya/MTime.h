@@ -3,6 +3,8 @@
 #include <maya/MStatus.h>
 #include <iosfwd>
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
+
 //! A time: a whole number of ticks (141,120,000 per second, as Maya counts
 //! time) shown in a unit. value() is the time in that unit.
 class OPENMAYA_EXPORT MTime
@@ -119,3 +121,5 @@ private:
     int64_t fTicks;
     Unit fUnit;
 };
+
+OPENMAYA_NAMESPACE_CLOSE

@@ -1,6 +1,8 @@
 #pragma once
 #include <maya/MMessage.h>
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
+
 //! Callbacks called at a fixed interval.
 class OPENMAYA_EXPORT MTimerMessage : public MMessage
 {
@@ -11,3 +13,5 @@ public:
 
     static const char* className();
 };
+
+OPENMAYA_NAMESPACE_CLOSE

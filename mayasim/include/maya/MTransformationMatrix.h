@@ -2,13 +2,9 @@
 #include <maya/MStatus.h>
 #include <maya/MTypes.h>
 
-class MMatrix;
-class MQuaternion;
-class MEulerRotation;
-class MVector;
-class MPoint;
-
 #define MTransformationMatrix_kTol 1.0e-10
+
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 
 //! A transformation split into Maya's components. asMatrix composes
 //! [-Sp] * S * Sh * [Sp] * [St] * [-Rp] * Ro * R * [Rp] * [Rt] * T (row vectors).
@@ -84,3 +80,5 @@ private:
     RotationOrder fRotateOrder = kXYZ;
     double fTranslate[3] = {0.0, 0.0, 0.0};
 };
+
+OPENMAYA_NAMESPACE_CLOSE

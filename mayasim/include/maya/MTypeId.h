@@ -2,6 +2,8 @@
 #include <maya/MTypes.h>
 #include <maya/MStatus.h>
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
+
 //! The 32-bit identifier of a node or data type.
 class OPENMAYA_EXPORT MTypeId
 {
@@ -23,3 +25,5 @@ public:
 private:
     unsigned int fId;
 };
+
+OPENMAYA_NAMESPACE_CLOSE

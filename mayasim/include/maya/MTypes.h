@@ -1,7 +1,9 @@
 #pragma once
 // Base types and export macros of the Maya 2022 API.
 
-#include <cstdint>
+#include <maya/MApiNamespace.h>
+#include <maya/MDeprecate.h>
+#include <stdint.h>
 
 #define MAYA_APP_VERSION 2022
 #define MAYA_API_VERSION 20220000
@@ -20,12 +22,6 @@
 #define OPENMAYARENDER_EXPORT DLL_PUBLIC
 #define FND_EXPORT DLL_PUBLIC
 #define IMAGE_EXPORT DLL_PUBLIC
-
-// Maya 2022 wraps its classes in a versioned namespace; plug-in code never names it.
-#define OPENMAYA_MAJOR_NAMESPACE_OPEN
-#define OPENMAYA_MAJOR_NAMESPACE_CLOSE
-#define OPENMAYA_NAMESPACE_OPEN
-#define OPENMAYA_NAMESPACE_CLOSE
 
 #define BEGIN_NO_SCRIPT_SUPPORT public
 #define END_NO_SCRIPT_SUPPORT public
@@ -49,8 +45,10 @@ typedef double double4[4];
 typedef unsigned long MUint64;
 typedef long MInt64;
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
+
 //! Transformation spaces.
-class OPENMAYA_EXPORT MSpace
+class MSpace
 {
 public:
     enum Space
@@ -65,16 +63,4 @@ public:
     };
 };
 
-// Forward declarations most headers need.
-class MMatrix;
-class MString;
-class MStatus;
-class MObject;
-
-typedef uintptr_t MCallbackId;
-
-// Functions a plug-in hands to MFnPlugin.
-class MSyntax;
-typedef void* (*MCreatorFunction)();
-typedef MSyntax (*MCreateSyntaxFunction)();
-typedef MStatus (*MInitializeFunction)();
+OPENMAYA_NAMESPACE_CLOSE

@@ -2,7 +2,7 @@
 #include <maya/MStatus.h>
 #include <maya/MTypes.h>
 
-class MString;
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 
 //! A 128-bit universally unique identifier, as Maya gives each node.
 class OPENMAYA_EXPORT MUuid
@@ -30,3 +30,5 @@ public:
 private:
     unsigned char fBytes[16];
 };
+
+OPENMAYA_NAMESPACE_CLOSE

@@ -4,14 +4,9 @@
 #include <maya/MTransformationMatrix.h>
 #include <iosfwd>
 
-class MMatrix;
-class MFloatVector;
-class MPoint;
-class MFloatPoint;
-class MQuaternion;
-class MEulerRotation;
-
 #define MVector_kTol 1.0e-10
+
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 
 //! A vector math class for vectors of doubles (row vectors: v * M).
 class OPENMAYA_EXPORT MVector
@@ -102,3 +97,5 @@ END_NO_SCRIPT_SUPPORT:
     double y;
     double z;
 };
+
+OPENMAYA_NAMESPACE_CLOSE

@@ -4,9 +4,7 @@
 #include <cstddef>
 #include <string>
 #include <vector>
-
-class MObject;
-class MStatus;
+#include <maya/MApiNamespace.h>
 
 // Exported from the library, whose symbols are hidden by default.
 #pragma GCC visibility push(default)

@@ -3,15 +3,12 @@
 // order of registration. Firing walks a snapshot, so a callback may remove
 // itself or any other callback, and one added while firing waits for the
 // next time the message is raised.
-#include <maya/MTypes.h>
+#include <maya/MMessage.h>
 
 #include <functional>
 #include <memory>
 #include <string>
 #include <vector>
-
-class MObject;
-class MTime;
 
 namespace mayasim::callbacks {
 

@@ -2,13 +2,7 @@
 // The firing side of Maya's messages. Scene code calls these; the M*Message
 // classes hold the callbacks and run them in the order they were added.
 #include <string>
-
-class MObject;
-class MPlug;
-class MTime;
-class MDGModifier;
-class MDagPath;
-class MString;
+#include <maya/MApiNamespace.h>
 
 namespace mayasim::events {
 

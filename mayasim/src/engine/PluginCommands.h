@@ -3,13 +3,11 @@
 // call reaches their MPxCommand.
 #include "engine/Command.h"
 
-#include <maya/MTypes.h>
+#include <maya/MPlugin.h>
 
 #include <memory>
 #include <string>
 #include <vector>
-
-class MSyntax;
 
 namespace mayasim {
 

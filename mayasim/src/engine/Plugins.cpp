@@ -128,8 +128,11 @@ MelValue loadPlugin(const Invocation& call)
     void* module = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (!module)
         throw MelError("Unable to dynamically load : " + path + "\n" + dlerror());
-    const EntryPoint init = entryPoint(module, "_Z16initializePlugin7MObject", "initializePlugin");
-    const EntryPoint uninit = entryPoint(module, "_Z18uninitializePlugin7MObject", "uninitializePlugin");
+    // Their MObject parameter is the API namespace's, as in the devkit.
+    const EntryPoint init =
+        entryPoint(module, "_Z16initializePluginN8Autodesk4Maya16OpenMaya202200007MObjectE", "initializePlugin");
+    const EntryPoint uninit =
+        entryPoint(module, "_Z18uninitializePluginN8Autodesk4Maya16OpenMaya202200007MObjectE", "uninitializePlugin");
     if (!init || !uninit) {
         dlclose(module);
         throw MelError("Unable to find the initializePlugin and uninitializePlugin functions (" + name + ")");

@@ -4,8 +4,7 @@
 
 #include <memory>
 #include <string>
-
-class MObject;
+#include <maya/MApiNamespace.h>
 
 namespace mayasim::plugins {
 

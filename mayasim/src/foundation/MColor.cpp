@@ -47,10 +47,12 @@ MColor MColor::operator*(float scalar) const
     return MColor(*this) *= scalar;
 }
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 MColor operator*(float scalar, const MColor& other)
 {
     return other * scalar;
 }
+OPENMAYA_NAMESPACE_CLOSE
 
 MColor& MColor::operator*=(const MColor& other)
 {
@@ -118,7 +120,9 @@ bool MColor::get(float d[3]) const
     return true;
 }
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 std::ostream& operator<<(std::ostream& os, const MColor& c)
 {
     return os << math::listText({c.r, c.g, c.b, c.a});
 }
+OPENMAYA_NAMESPACE_CLOSE

@@ -186,10 +186,12 @@ MEulerRotation MEulerRotation::operator*(double other) const
     return MEulerRotation(x * other, y * other, z * other, order);
 }
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 MEulerRotation operator*(double scale, const MEulerRotation& other)
 {
     return other * scale;
 }
+OPENMAYA_NAMESPACE_CLOSE
 
 MEulerRotation& MEulerRotation::operator*=(const MEulerRotation& other)
 {
@@ -376,8 +378,10 @@ MEulerRotation MEulerRotation::decompose(const MMatrix& matrix, RotationOrder or
     return result;
 }
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 std::ostream& operator<<(std::ostream& os, const MEulerRotation& rotation)
 {
     static const char* const names[] = {"kXYZ", "kYZX", "kZXY", "kXZY", "kYXZ", "kZYX"};
     return os << math::listText({rotation.x, rotation.y, rotation.z}) << " " << names[rotation.order];
 }
+OPENMAYA_NAMESPACE_CLOSE

@@ -75,7 +75,9 @@ MFloatMatrix& MFloatMatrix::operator*=(const MFloatMatrix& right) { return setTo
 MFloatMatrix MFloatMatrix::operator*(const MFloatMatrix& right) const { return MFloatMatrix().setToProduct(*this, right); }
 MFloatMatrix& MFloatMatrix::operator*=(float scale) { return *this = *this * scale; }
 MFloatMatrix MFloatMatrix::operator*(float scale) const { return narrow(wide(*this) * double(scale)); }
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 MFloatMatrix operator*(float scale, const MFloatMatrix& right) { return right * scale; }
+OPENMAYA_NAMESPACE_CLOSE
 bool MFloatMatrix::operator==(const MFloatMatrix& other) const { return wide(*this) == wide(other); }
 bool MFloatMatrix::operator!=(const MFloatMatrix& other) const { return !(*this == other); }
 MFloatMatrix MFloatMatrix::inverse() const { return narrow(wide(*this).inverse()); }
@@ -94,7 +96,9 @@ const char* MFloatMatrix::className()
     return "MFloatMatrix";
 }
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 std::ostream& operator<<(std::ostream& os, const MFloatMatrix& m)
 {
     return os << wide(m);
 }
+OPENMAYA_NAMESPACE_CLOSE

@@ -107,10 +107,12 @@ MFloatPoint& MFloatPoint::operator*=(const MFloatMatrix& m)
     return *this = *this * m;
 }
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 MFloatPoint operator*(const MFloatMatrix& m, const MFloatPoint& p)
 {
     return p * m.transpose();
 }
+OPENMAYA_NAMESPACE_CLOSE
 
 bool MFloatPoint::operator==(const MFloatPoint& other) const
 {
@@ -152,7 +154,9 @@ const char* MFloatPoint::className()
     return "MFloatPoint";
 }
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 std::ostream& operator<<(std::ostream& os, const MFloatPoint& p)
 {
     return os << MPoint(p);
 }
+OPENMAYA_NAMESPACE_CLOSE

@@ -66,12 +66,14 @@ MFloatVector MFloatVector::operator*(short scalar) const { return *this * double
 MFloatVector MFloatVector::operator*(unsigned int scalar) const { return *this * double(scalar); }
 MFloatVector MFloatVector::operator*(unsigned short scalar) const { return *this * double(scalar); }
 MFloatVector MFloatVector::operator*(float scalar) const { return *this * double(scalar); }
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 MFloatVector operator*(int s, const MFloatVector& v) { return v * double(s); }
 MFloatVector operator*(short s, const MFloatVector& v) { return v * double(s); }
 MFloatVector operator*(unsigned int s, const MFloatVector& v) { return v * double(s); }
 MFloatVector operator*(unsigned short s, const MFloatVector& v) { return v * double(s); }
 MFloatVector operator*(float s, const MFloatVector& v) { return v * double(s); }
 MFloatVector operator*(double s, const MFloatVector& v) { return v * s; }
+OPENMAYA_NAMESPACE_CLOSE
 MFloatVector MFloatVector::operator+(const MFloatVector& o) const { return MFloatVector(MVector(*this) + MVector(o)); }
 MFloatVector& MFloatVector::operator+=(const MFloatVector& other) { return *this = *this + other; }
 MFloatVector MFloatVector::operator-() const { return MFloatVector(-x, -y, -z); }
@@ -79,7 +81,9 @@ MFloatVector& MFloatVector::operator-=(const MFloatVector& other) { return *this
 MFloatVector MFloatVector::operator-(const MFloatVector& o) const { return MFloatVector(MVector(*this) - MVector(o)); }
 MFloatVector MFloatVector::operator*(const MFloatMatrix& m) const { return MFloatVector(MVector(*this) * MMatrix(m.matrix)); }
 MFloatVector& MFloatVector::operator*=(const MFloatMatrix& m) { return *this = *this * m; }
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 MFloatVector operator*(const MFloatMatrix& m, const MFloatVector& v) { return MFloatVector(MMatrix(m.matrix) * MVector(v)); }
+OPENMAYA_NAMESPACE_CLOSE
 bool MFloatVector::operator!=(const MFloatVector& other) const { return !(*this == other); }
 bool MFloatVector::operator==(const MFloatVector& o) const { return x == o.x && y == o.y && z == o.z; }
 
@@ -106,7 +110,9 @@ bool MFloatVector::isParallel(const MFloatVector& other, float tolerance) const
     return MVector(*this).isParallel(MVector(other), tolerance);
 }
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 std::ostream& operator<<(std::ostream& os, const MFloatVector& v)
 {
     return os << MVector(v);
 }
+OPENMAYA_NAMESPACE_CLOSE

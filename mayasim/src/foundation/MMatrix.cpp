@@ -116,10 +116,12 @@ MMatrix MMatrix::operator*(double scale) const
     return MMatrix(*this) *= scale;
 }
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 MMatrix operator*(double scale, const MMatrix& right)
 {
     return right * scale;
 }
+OPENMAYA_NAMESPACE_CLOSE
 
 bool MMatrix::operator==(const MMatrix& other) const
 {
@@ -177,7 +179,9 @@ const char* MMatrix::className()
     return "MMatrix";
 }
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 std::ostream& operator<<(std::ostream& os, const MMatrix& m)
 {
     return os << math::matrixText(m.matrix);
 }
+OPENMAYA_NAMESPACE_CLOSE

@@ -131,10 +131,12 @@ MPoint& MPoint::operator*=(const MMatrix& m)
     return *this = *this * m;
 }
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 MPoint operator*(const MMatrix& m, const MPoint& p)
 {
     return p * m.transpose();
 }
+OPENMAYA_NAMESPACE_CLOSE
 
 bool MPoint::operator==(const MPoint& other) const
 {
@@ -192,7 +194,9 @@ const char* MPoint::className()
     return "MPoint";
 }
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 std::ostream& operator<<(std::ostream& os, const MPoint& p)
 {
     return os << math::listText({p.x, p.y, p.z, p.w});
 }
+OPENMAYA_NAMESPACE_CLOSE

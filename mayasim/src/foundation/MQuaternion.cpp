@@ -236,10 +236,12 @@ MQuaternion& MQuaternion::scaleIt(double scale)
     return *this = scale * *this;
 }
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 MQuaternion operator*(double scale, const MQuaternion& q)
 {
     return MQuaternion(scale * q.x, scale * q.y, scale * q.z, scale * q.w);
 }
+OPENMAYA_NAMESPACE_CLOSE
 
 MQuaternion MQuaternion::normal() const
 {
@@ -290,12 +292,15 @@ MQuaternion MQuaternion::exp() const
 }
 
 // Along the shorter arc.
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 MQuaternion slerp(const MQuaternion& p, const MQuaternion& q, double t)
 {
     return slerp(p, dot(p, q) < 0.0 ? -q : q, t, 0);
 }
+OPENMAYA_NAMESPACE_CLOSE
 
 // Along the arc from p to q as given, with `spin` extra half turns.
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 MQuaternion slerp(const MQuaternion& p, const MQuaternion& q, double t, short spin)
 {
     const double cosOmega = std::fmax(-1.0, std::fmin(1.0, dot(p, q)));
@@ -306,8 +311,11 @@ MQuaternion slerp(const MQuaternion& p, const MQuaternion& q, double t, short sp
     const double phi = omega + spin * math::kPi;
     return (std::sin(omega - t * phi) / sinOmega) * p + (std::sin(t * phi) / sinOmega) * q;
 }
+OPENMAYA_NAMESPACE_CLOSE
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 std::ostream& operator<<(std::ostream& os, const MQuaternion& q)
 {
     return os << math::listText({q.x, q.y, q.z, q.w});
 }
+OPENMAYA_NAMESPACE_CLOSE

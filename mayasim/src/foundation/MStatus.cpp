@@ -21,4 +21,6 @@ MString MStatus::errorString() const
 
 void MStatus::perror(const char* text) const { std::cerr << (text ? text : "") << ": " << errorString() << "\n"; }
 void MStatus::perror(const MString& text) const { perror(text.asChar()); }
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 std::ostream& operator<<(std::ostream& out, MStatus& status) { return out << status.errorString(); }
+OPENMAYA_NAMESPACE_CLOSE

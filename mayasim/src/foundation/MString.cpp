@@ -35,8 +35,10 @@ bool MString::operator!=(const char* other) const { return !(*this == other); }
 MString MString::operator+(const MString& other) const { MString r(*this); r += other; return r; }
 MString MString::operator+(const char* other) const { MString r(*this); r += other; return r; }
 MString MString::operator+(double value) const { MString r(*this); r += value; return r; }
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 MString operator+(const char* left, const MString& right) { MString r(left); r += right; return r; }
 std::ostream& operator<<(std::ostream& out, const MString& text) { return out << text.fText; }
+OPENMAYA_NAMESPACE_CLOSE
 
 MStatus MString::set(const char* charString) { fText = charString ? charString : ""; return MS::kSuccess; }
 MStatus MString::setUTF8(const char* utf8String) { return set(utf8String); }

@@ -196,10 +196,12 @@ MTime MTime::operator/(double rhs) const
     return MTime(*this) /= rhs;
 }
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 std::ostream& operator<<(std::ostream& os, const MTime& t)
 {
     return os << mayasim::doubleText(t.value());
 }
+OPENMAYA_NAMESPACE_CLOSE
 
 const char* MTime::className()
 {

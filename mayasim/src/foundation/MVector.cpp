@@ -97,12 +97,14 @@ MVector MVector::operator*(short scalar) const { return *this * double(scalar); 
 MVector MVector::operator*(unsigned int scalar) const { return *this * double(scalar); }
 MVector MVector::operator*(unsigned short scalar) const { return *this * double(scalar); }
 MVector MVector::operator*(float scalar) const { return *this * double(scalar); }
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 MVector operator*(int s, const MVector& v) { return v * double(s); }
 MVector operator*(short s, const MVector& v) { return v * double(s); }
 MVector operator*(unsigned int s, const MVector& v) { return v * double(s); }
 MVector operator*(unsigned short s, const MVector& v) { return v * double(s); }
 MVector operator*(float s, const MVector& v) { return v * double(s); }
 MVector operator*(double s, const MVector& v) { return v * s; }
+OPENMAYA_NAMESPACE_CLOSE
 
 MVector MVector::operator+(const MVector& other) const
 {
@@ -144,10 +146,12 @@ MVector& MVector::operator*=(const MMatrix& m)
 }
 
 // Column-vector product M * v.
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 MVector operator*(const MMatrix& m, const MVector& v)
 {
     return v * m.transpose();
 }
+OPENMAYA_NAMESPACE_CLOSE
 
 bool MVector::operator!=(const MVector& other) const
 {
@@ -234,7 +238,9 @@ bool MVector::isParallel(const MVector& other, double tolerance) const
     return (normal() ^ other.normal()).length() <= tolerance;
 }
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 std::ostream& operator<<(std::ostream& os, const MVector& v)
 {
     return os << math::listText({v.x, v.y, v.z});
 }
+OPENMAYA_NAMESPACE_CLOSE

@@ -140,6 +140,7 @@ MStatus MArgList::get(unsigned int index, MString& ret) const
     return status;
 }
 
+OPENMAYA_MAJOR_NAMESPACE_OPEN
 std::ostream& operator<<(std::ostream& os, const MArgList& args)
 {
     const auto& words = args.simData().words;
@@ -147,6 +148,7 @@ std::ostream& operator<<(std::ostream& os, const MArgList& args)
         os << (at ? " " : "") << words[at].text;
     return os;
 }
+OPENMAYA_NAMESPACE_CLOSE
 
 const char* MArgList::className()
 {

@@ -16,9 +16,7 @@
 #include <string>
 #include <utility>
 #include <vector>
-
-class MObjectArray;
-class MPlugArray;
+#include <maya/MApiNamespace.h>
 
 namespace mayasim::layers {
 

@@ -5,8 +5,7 @@
 
 #include <memory>
 #include <vector>
-
-class MAnimCurveChange;
+#include <maya/MApiNamespace.h>
 
 namespace mayasim::anim {
 

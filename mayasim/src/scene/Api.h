@@ -9,8 +9,7 @@
 
 #include <maya/MObject.h>
 #include <maya/MStatus.h>
-
-class MFnBase;
+#include <maya/MApiNamespace.h>
 
 namespace mayasim {
 

@@ -8,8 +8,7 @@
 
 #include <map>
 #include <memory>
-
-class MDGContext;
+#include <maya/MApiNamespace.h>
 
 namespace mayasim {
 

@@ -9,8 +9,7 @@
 #include <maya/MTime.h>
 
 #include <optional>
-
-class MPlug;
+#include <maya/MApiNamespace.h>
 
 namespace mayasim::eval {
 

@@ -11,8 +11,7 @@
 #include <optional>
 #include <string>
 #include <vector>
-
-class MPxNode;
+#include <maya/MApiNamespace.h>
 
 namespace mayasim {
 

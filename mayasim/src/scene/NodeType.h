@@ -10,8 +10,7 @@
 #include <optional>
 #include <string>
 #include <vector>
-
-class MPxNode;
+#include <maya/MApiNamespace.h>
 
 namespace mayasim {
 

@@ -7,8 +7,7 @@
 #include <maya/MVector.h>
 
 #include <string>
-
-class MDGModifier;
+#include <maya/MApiNamespace.h>
 
 namespace mayasim::ops {
 

@@ -6,8 +6,7 @@
 #include <map>
 #include <string>
 #include <vector>
-
-class MObject;
+#include <maya/MApiNamespace.h>
 
 namespace enginetest {
 

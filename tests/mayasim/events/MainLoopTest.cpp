@@ -2,6 +2,7 @@
 #include <maya/MCallbackIdArray.h>
 #include <maya/MConditionMessage.h>
 #include <maya/MEventMessage.h>
+#include <maya/MString.h>
 #include <maya/MTimerMessage.h>
 #include <mayasim/Host.h>
 
