@@ -1,6 +1,7 @@
 #include "GuiTest.h"
 
 #include <maya/MDoubleArray.h>
+#include <maya/MFileIO.h>
 #include <mayasim/Host.h>
 
 #include <QtWidgets/QApplication>
@@ -45,7 +46,13 @@ const auto* const kApplication = ::testing::AddGlobalTestEnvironment(new Applica
 
 void GuiTest::SetUp()
 {
-    ASSERT_TRUE(openEmptyScene());
+    // A new scene, and the panels as the interface opens them.
+    ASSERT_TRUE(MFileIO::newFile(true));
+    mayasim::host::clearKeySelection();
+    mayasim::host::clearTimeSliderHighlight();
+    for (auto section : {mayasim::host::ChannelBoxSection::Main, mayasim::host::ChannelBoxSection::Shape,
+                         mayasim::host::ChannelBoxSection::Output, mayasim::host::ChannelBoxSection::History})
+        mayasim::host::setChannelBoxHighlight(section, {});
     mayasim::gui::openMainWindow(1000, 600);
     QApplication::processEvents();
     mayasim::host::clearOutput();

@@ -1,8 +1,6 @@
 #pragma once
 // GUI host tests: a real QApplication on the offscreen platform for the
 // whole program, and a main window opened on an empty scene for each test.
-#include "EmptyScene.h"
-
 #include <maya/MGlobal.h>
 #include <maya/MStringArray.h>
 #include <mayasim/Gui.h>
