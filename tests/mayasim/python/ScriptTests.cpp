@@ -36,9 +36,9 @@ protected:
     void SetUp() override
     {
         PythonTest::SetUp();
-        ASSERT_TRUE(mel("createNode transform -n grpA; createNode transform -n ball -p grpA; "
-                        "createNode transform -n grpB; createNode transform -n ball -p grpB; "
-                        "namespace -add rig; createNode transform -n \"rig:arm\"; select -r grpA; flushUndo"));
+        // Two balls under their groups, and an arm in the namespace "rig".
+        ASSERT_TRUE(MFileIO::open(ORVANE_TEST_DATA "/pivot_targets.ma", nullptr, true));
+        ASSERT_TRUE(mel("select -r grpA; flushUndo"));
         mayasim::host::clearOutput();
     }
 };
