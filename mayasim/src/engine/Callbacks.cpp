@@ -135,6 +135,23 @@ std::vector<Callback> registered(Channel channel)
     return found;
 }
 
+std::vector<MCallbackId> removeIf(const std::function<bool(const Callback&)>& matches)
+{
+    std::vector<MCallbackId> removed;
+    auto& callbacks = table().callbacks;
+    for (auto it = callbacks.begin(); it != callbacks.end();)
+    {
+        if (matches(it->second))
+        {
+            removed.push_back(it->first);
+            it = callbacks.erase(it);
+        }
+        else
+            ++it;
+    }
+    return removed;
+}
+
 bool isEventName(const std::string& name)
 {
     return std::find(std::begin(kEventNames), std::end(kEventNames), name) != std::end(kEventNames);

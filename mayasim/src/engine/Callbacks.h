@@ -91,6 +91,9 @@ void fire(Channel channel, const std::function<bool(const Callback&)>& matches,
           const std::function<void(const Callback&)>& call);
 // The channel's live callbacks, for the timer queue.
 std::vector<Callback> registered(Channel channel);
+// Removes every callback `matches` picks (whatever its channel) and returns
+// their ids, in registration order.
+std::vector<MCallbackId> removeIf(const std::function<bool(const Callback&)>& matches);
 // Runs one callback with current() naming it.
 void runAs(const Callback& callback, const std::function<void(const Callback&)>& call);
 

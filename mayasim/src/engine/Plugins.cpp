@@ -2,9 +2,11 @@
 // registration log the host reads.
 #include "engine/Plugins.h"
 
+#include "engine/Callbacks.h"
 #include "engine/Output.h"
 #include "engine/PluginCommands.h"
 #include "engine/UndoQueue.h"
+#include "scene/Node.h"
 
 #include <mayasim/Host.h>
 
@@ -15,6 +17,7 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <map>
 #include <vector>
 
 namespace mayasim::plugins {
@@ -27,6 +30,7 @@ struct Loaded
 {
     std::shared_ptr<Plugin> plugin;
     void* module = nullptr;
+    const void* codeBase = nullptr; // where the module's code is mapped; null for a linked plug-in
     EntryPoint uninitialize = nullptr;
 };
 
@@ -86,13 +90,41 @@ std::string resolve(const std::string& given)
     return "";
 }
 
-// Commands a plug-in failed to deregister would point into unloaded code.
-void dropLeftovers(const std::string& plugin)
+const void* codeBaseOf(const void* address)
 {
+    Dl_info info;
+    return dladdr(address, &info) ? info.dli_fbase : nullptr;
+}
+
+// Nothing may run the module's code once it is gone: commands, node types
+// and callbacks the plug-in left registered are dropped, and nodes of its
+// types that still live (held by an MObject, or kept by -force) lose their
+// plug-in part now, while its destructor can still run.
+void dropLeftovers(const Loaded& module)
+{
+    const std::string& plugin = module.plugin->name;
     for (const std::string& command : pluginCommandsOf(plugin)) {
         removePluginCommand(command);
         writeOutput(OutputKind::Warning, "Plug-in " + plugin + " did not deregister command " + command);
     }
+    for (const NodeTypePtr& type : nodeTypesOf(plugin)) {
+        deregisterNodeType(type);
+        writeOutput(OutputKind::Warning, "Plug-in " + plugin + " did not deregister node type " + type->name);
+    }
+    std::map<const NodeType*, NodeTypePtr> unknownForms;
+    for (const NodePtr& node : nodesWithUserOf(plugin)) {
+        NodeTypePtr& unknown = unknownForms[node->type().get()];
+        if (!unknown)
+            unknown = unknownFormOf(*node->type());
+        node->dropUser(unknown);
+    }
+    if (!module.codeBase)
+        return;
+    const std::vector<MCallbackId> removed = callbacks::removeIf([&module](const callbacks::Callback& callback) {
+        return codeBaseOf(reinterpret_cast<const void*>(callback.function)) == module.codeBase;
+    });
+    for (MCallbackId id : removed)
+        writeOutput(OutputKind::Warning, "Plug-in " + plugin + " did not remove callback " + std::to_string(id));
 }
 
 // Runs initializePlugin; a plug-in that fails it is unloaded again.
@@ -101,14 +133,33 @@ void startPlugin(const std::string& name, const std::string& path, void* module,
     auto plugin = std::make_shared<Plugin>();
     plugin->name = name;
     plugin->path = path;
-    state().loaded.push_back(Loaded{plugin, module, uninit});
+    const void* codeBase = module ? codeBaseOf(reinterpret_cast<const void*>(init)) : nullptr;
+    state().loaded.push_back(Loaded{plugin, module, codeBase, uninit});
     if (!init(MObject(plugin))) {
-        dropLeftovers(name);
+        dropLeftovers(*findModule(name));
         state().loaded.erase(findModule(name));
         if (module)
             dlclose(module);
         throw MelError("initializePlugin function failed (" + name + ")");
     }
+}
+
+// The scene's nodes whose plug-in part lives in the module.
+std::vector<std::string> nodesInScene(const std::string& plugin)
+{
+    std::vector<std::string> names;
+    for (const NodePtr& node : nodesWithUserOf(plugin))
+        if (node->alive)
+            names.push_back(node->name);
+    return names;
+}
+
+std::string joinedNames(const std::vector<std::string>& names)
+{
+    std::string text;
+    for (const std::string& name : names)
+        text += (text.empty() ? "" : ", ") + name;
+    return text;
 }
 
 MelValue loadPlugin(const Invocation& call)
@@ -151,11 +202,17 @@ MelValue unloadPlugin(const Invocation& call)
     if (found == state().loaded.end())
         throw MelError("Plug-in, \"" + given + "\", is not loaded.");
     const Loaded module = *found;
+    // As Maya does, a plug-in whose nodes are in the scene stays, unless
+    // forced; forced, they live on as unknown nodes.
+    if (const auto inUse = nodesInScene(module.plugin->name); !inUse.empty() && !args.has("force"))
+        throw MelError("Plug-in, \"" + module.plugin->name + "\", is still in use and cannot be unloaded: the scene "
+                       "holds its node" + (inUse.size() > 1 ? "s " : " ") + joinedNames(inUse) +
+                       ". Use -force to unload it anyway.");
     if (!module.uninitialize(MObject(module.plugin)))
         throw MelError("uninitializePlugin function failed (" + module.plugin->name + ")");
-    // Commands kept by the undo queue live in the module's code.
+    // Commands and deleted nodes kept by the undo queue live in the module's code.
     undo::flush();
-    dropLeftovers(module.plugin->name);
+    dropLeftovers(module);
     state().loaded.erase(findModule(module.plugin->name));
     if (module.module)
         dlclose(module.module);

@@ -59,11 +59,59 @@ bool Node::hasFn(MFn::Type type) const
     return fType->hasFn(type);
 }
 
+namespace {
+
+// Plug-in nodes, so that unloading finds those only an MObject still holds.
+struct NodesWithUser
+{
+    std::vector<std::weak_ptr<Node>> nodes;
+    size_t livingAtLastSweep = 0;
+
+    // Forgets nodes that are gone (their memory waits for the weak
+    // references), at most as often as the list doubles.
+    void sweep()
+    {
+        nodes.erase(std::remove_if(nodes.begin(), nodes.end(), [](const auto& n) { return n.expired(); }),
+                    nodes.end());
+        livingAtLastSweep = nodes.size();
+    }
+};
+
+NodesWithUser& nodesWithUser()
+{
+    static NodesWithUser instance;
+    return instance;
+}
+
+} // namespace
+
 void Node::setUser(MPxNode* instance)
 {
     user.reset(instance);
-    if (user)
-        user->fNode = this;
+    if (!user)
+        return;
+    user->fNode = this;
+    NodesWithUser& known = nodesWithUser();
+    if (known.nodes.size() >= 2 * known.livingAtLastSweep + 64)
+        known.sweep();
+    known.nodes.push_back(self());
+}
+
+void Node::dropUser(NodeTypePtr type)
+{
+    user.reset();
+    fType = std::move(type);
+}
+
+std::vector<NodePtr> nodesWithUserOf(const std::string& plugin)
+{
+    NodesWithUser& known = nodesWithUser();
+    known.sweep();
+    std::vector<NodePtr> result;
+    for (const auto& weak : known.nodes)
+        if (NodePtr node = weak.lock(); node->user && node->type()->pluginName == plugin)
+            result.push_back(node);
+    return result;
 }
 
 std::vector<AttributePtr> Node::attributes() const

@@ -85,6 +85,9 @@ public:
     NodePtr parentNode() const { return parent.lock(); }
     // Static then dynamic top-level attributes, in order.
     std::vector<AttributePtr> attributes() const;
+    // Drops the plug-in's part (its destructor runs now, while the module is
+    // still loaded) and takes the type the node lives on as.
+    void dropUser(NodeTypePtr type);
     // Every attribute at any depth, in order (children after their parent).
     std::vector<AttributePtr> allAttributes() const;
     AttributePtr findAttribute(const std::string& name) const;
@@ -99,5 +102,9 @@ Node* nodeObject(const MObject& object);
 NodePtr nodePtr(const MObject& object);
 MObject objectOf(const Node* node);
 MObject objectOf(const Attribute* attribute);
+
+// Every node, in the scene or not, that still has a plug-in part made by
+// the plug-in's creator.
+std::vector<NodePtr> nodesWithUserOf(const std::string& plugin);
 
 } // namespace mayasim

@@ -100,9 +100,29 @@ void deregisterNodeType(const NodeTypePtr& type)
         registry().byId.erase(type->typeId);
 }
 
+std::vector<NodeTypePtr> nodeTypesOf(const std::string& plugin)
+{
+    std::vector<NodeTypePtr> types;
+    for (const auto& [name, type] : registry().byName)
+        if (type->pluginName == plugin)
+            types.push_back(type);
+    return types;
+}
+
 NodeTypePtr& typeBeingInitialized()
 {
     static NodeTypePtr type;
+    return type;
+}
+
+NodeTypePtr unknownFormOf(const NodeType& pluginType)
+{
+    auto type = std::make_shared<NodeType>(pluginType);
+    type->apiType = pluginType.dag ? MFn::kUnknownDag : MFn::kUnknown;
+    type->typeId = 0;
+    type->creator = nullptr;
+    type->pxType = -1;
+    type->acceptsUnknownAttributes = true;
     return type;
 }
 

@@ -79,6 +79,8 @@ NodeTypePtr findNodeType(const std::string& name);
 NodeTypePtr findNodeType(unsigned int typeId);
 void registerNodeType(const NodeTypePtr& type);
 void deregisterNodeType(const NodeTypePtr& type);
+// The types a plug-in has registered, in name order.
+std::vector<NodeTypePtr> nodeTypesOf(const std::string& plugin);
 
 // The plug-in type whose initialize function is running (MPxNode::addAttribute
 // adds to it); null otherwise.
@@ -87,5 +89,9 @@ NodeTypePtr& typeBeingInitialized();
 // The type for a node type name mayasim doesn't know: a generic node
 // that keeps whatever attributes it is given. One per name.
 NodeTypePtr unknownNodeType(const std::string& name);
+// What a plug-in type's nodes become when the plug-in goes while they live
+// (unloadPlugin -force): an unknown node type of the same name and
+// attributes, with nothing of the plug-in's code.
+NodeTypePtr unknownFormOf(const NodeType& pluginType);
 
 } // namespace mayasim

@@ -57,13 +57,20 @@ protected:
         return result;
     }
 
-    static std::string typeOf(const std::string& node)
+    // The node of that name; a null object if none.
+    static MObject nodeNamed(const std::string& name)
     {
         MSelectionList list;
         MObject object;
-        if (!list.add(node.c_str()) || !list.getDependNode(0, object))
-            return {};
-        return MFnDependencyNode(object).typeName().asChar();
+        list.add(name.c_str());
+        list.getDependNode(0, object);
+        return object;
+    }
+
+    static std::string typeOf(const std::string& node)
+    {
+        const MObject object = nodeNamed(node);
+        return object.isNull() ? std::string() : MFnDependencyNode(object).typeName().asChar();
     }
 
     static std::string dataFile(const std::string& name) { return std::string(ORVANE_TEST_DATA) + "/" + name; }
