@@ -83,7 +83,19 @@ void readInto(const std::string& path, bool& phase)
     During during(phase);
     During reading(document().reading);
     events::fireSceneMessage(MSceneMessage::kBeforeFileRead);
-    readMayaAscii(path);
+    // The file's select lines only aim its relative setAttr lines: reading
+    // leaves the selection as it was (empty after clearing for open).
+    const MSelectionList selected = selection::active();
+    try
+    {
+        readMayaAscii(path);
+    }
+    catch (...)
+    {
+        selection::setActive(selected);
+        throw;
+    }
+    selection::setActive(selected);
     events::fireSceneMessage(MSceneMessage::kAfterFileRead);
 }
 

@@ -4,6 +4,7 @@
 #include "scene/Evaluation.h"
 #include "scene/Plugs.h"
 #include "scene/Scene.h"
+#include "scene/Selection.h"
 
 #include <maya/MNodeMessage.h>
 #include <maya/MString.h>
@@ -158,6 +159,7 @@ EditPtr addNode(NodePtr node, NodePtr parent)
             events::fireNodePreRemoval(object);
             scene::removeNode(node);
             node->alive = false;
+            selection::forget(*node);
             events::fireNodeRemoved(object);
         });
 }
@@ -172,6 +174,7 @@ EditPtr removeNode(NodePtr node)
             events::fireNodePreRemoval(object);
             scene::removeNode(node);
             node->alive = false;
+            selection::forget(*node);
             events::fireNodeRemoved(object);
         },
         [node, parent, position] {
@@ -256,34 +259,53 @@ EditPtr setChannelBox(NodePtr node, PlugKey key, bool channelBox)
 
 namespace {
 
-void insertAttribute(const NodePtr& node, const AttributePtr& attribute, long position)
+// The plug states of an attribute and its children leave the node with the
+// attribute and come back with it: the node keys them by the attribute's
+// address, and an attribute taken back may be freed once the undo queue
+// lets go of it.
+using PlugStates = std::map<PlugKey, PlugState>;
+
+void insertAttribute(const NodePtr& node, const AttributePtr& attribute, long position, PlugStates& kept)
 {
     auto& attributes = node->dynamicAttributes;
     const long at = position < 0 ? static_cast<long>(attributes.size())
                                  : std::min<long>(position, static_cast<long>(attributes.size()));
     attributes.insert(attributes.begin() + at, attribute);
+    node->plugs.merge(kept);
+    kept.clear();
     fireAttribute(*node, keyOf(*attribute), MNodeMessage::kAttributeAdded);
 }
 
-void eraseAttribute(const NodePtr& node, const AttributePtr& attribute)
+void eraseAttribute(const NodePtr& node, const AttributePtr& attribute, PlugStates& kept)
 {
     fireAttribute(*node, keyOf(*attribute), MNodeMessage::kAttributeRemoved);
     auto& attributes = node->dynamicAttributes;
     attributes.erase(std::remove(attributes.begin(), attributes.end(), attribute), attributes.end());
+    for (auto it = node->plugs.begin(); it != node->plugs.end();)
+    {
+        const std::vector<const Attribute*> chain = it->first.attribute->chain();
+        if (std::find(chain.begin(), chain.end(), attribute.get()) != chain.end())
+            kept.insert(node->plugs.extract(it++));
+        else
+            ++it;
+    }
 }
 
 } // namespace
 
 EditPtr addAttribute(NodePtr node, AttributePtr attribute)
 {
-    return lambda([=] { insertAttribute(node, attribute, -1); }, [=] { eraseAttribute(node, attribute); });
+    auto kept = std::make_shared<PlugStates>();
+    return lambda([=] { insertAttribute(node, attribute, -1, *kept); }, [=] { eraseAttribute(node, attribute, *kept); });
 }
 
 EditPtr removeAttribute(NodePtr node, AttributePtr attribute)
 {
     const auto& attributes = node->dynamicAttributes;
     const long position = std::find(attributes.begin(), attributes.end(), attribute) - attributes.begin();
-    return lambda([=] { eraseAttribute(node, attribute); }, [=] { insertAttribute(node, attribute, position); });
+    auto kept = std::make_shared<PlugStates>();
+    return lambda([=] { eraseAttribute(node, attribute, *kept); },
+                  [=] { insertAttribute(node, attribute, position, *kept); });
 }
 
 EditPtr reparent(NodePtr node, NodePtr parent)

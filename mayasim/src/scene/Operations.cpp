@@ -15,6 +15,8 @@
 
 namespace mayasim::ops {
 
+#include <algorithm>
+
 namespace {
 
 unsigned long nextSerial()
@@ -56,6 +58,25 @@ NodePtr duplicateUnder(EditList& edits, const NodePtr& node, const NodePtr& pare
 }
 
 } // namespace
+
+bool onAttribute(const PlugKey& key, const Attribute* attribute)
+{
+    const std::vector<const Attribute*> chain = key.attribute->chain();
+    return !attribute || std::find(chain.begin(), chain.end(), attribute) != chain.end();
+}
+
+// Disconnects the node's plugs of an attribute (with its children), or all
+// of them for null.
+void breakConnections(EditList& edits, const NodePtr& node, const Attribute* attribute)
+{
+    for (const auto& entry : std::map<PlugKey, PlugAddress>(node->incoming))
+        if (onAttribute(entry.first, attribute))
+            edits.run(editing::disconnect(entry.second, PlugAddress{node, entry.first}));
+    for (const auto& entry : std::map<PlugKey, std::vector<PlugAddress>>(node->outgoing))
+        if (onAttribute(entry.first, attribute))
+            for (const auto& destination : entry.second)
+                edits.run(editing::disconnect(PlugAddress{node, entry.first}, destination));
+}
 
 std::string plugText(const Node& node, const PlugKey& key)
 {
@@ -149,12 +170,8 @@ void deleteNode(EditList& edits, const NodePtr& node)
     }
     for (const auto& child : std::vector<NodePtr>(node->children))
         deleteNode(edits, child);
-    for (const auto& entry : std::map<PlugKey, PlugAddress>(node->incoming))
-        edits.run(editing::disconnect(entry.second, PlugAddress{node, entry.first}));
-    for (const auto& entry : std::map<PlugKey, std::vector<PlugAddress>>(node->outgoing))
-        for (const auto& destination : entry.second)
-            edits.run(editing::disconnect(PlugAddress{node, entry.first}, destination));
-    selection::forget(*node);
+    breakConnections(edits, node, nullptr);
+    selection::deselect(edits, *node);
     edits.run(editing::removeNode(node));
 }
 
@@ -311,6 +328,8 @@ void reparent(EditList& edits, const NodePtr& node, const NodePtr& parent, bool 
 
 NodePtr duplicate(EditList& edits, const NodePtr& node)
 {
+    // Its connections go first, as its values go with it.
+    breakConnections(edits, node, attribute.get());
     checkAlive(node);
     return duplicateUnder(edits, node, node->parentNode());
 }

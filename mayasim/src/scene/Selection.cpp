@@ -99,9 +99,11 @@ MSelectionList adjusted(const MSelectionList& list, int adjustment)
     return result;
 }
 
-void forget(const Node& node)
+namespace {
+
+// Takes the node's items out of a list; false when it had none.
+bool removeItemsOf(MSelectionList& list, const Node& node)
 {
-    MSelectionList& list = activeList();
     bool changed = false;
     for (unsigned int i = list.length(); i-- > 0;)
     {
@@ -113,7 +115,21 @@ void forget(const Node& node)
             changed = true;
         }
     }
-    if (changed)
+    return changed;
+}
+
+} // namespace
+
+void deselect(EditList& edits, const Node& node)
+{
+    MSelectionList list = active();
+    if (removeItemsOf(list, node))
+        select(edits, list);
+}
+
+void forget(const Node& node)
+{
+    if (removeItemsOf(activeList(), node))
         events::fireActiveListModified();
 }
 

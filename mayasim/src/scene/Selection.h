@@ -31,7 +31,10 @@ void setActive(const MSelectionList& list);
 void select(EditList& edits, const MSelectionList& list);
 // The active list after a MGlobal::ListAdjustment of it with `list`.
 MSelectionList adjusted(const MSelectionList& list, int adjustment);
-// Drops a node that is going away from the active list.
+// Takes a node that is being deleted out of the active list, undoably, so
+// that undo brings its selection back and redo takes it away again.
+void deselect(EditList& edits, const Node& node);
+// Drops a node that has left the scene from the active list at once.
 void forget(const Node& node);
 
 // The items a selection string names; empty when it names nothing.

@@ -82,6 +82,18 @@ TEST_F(UiState, PickedKeysPutTheirCurvesIntoTheActiveSelection)
     EXPECT_FALSE(MGlobal::executeCommand("keyframe -query -selected", times));
 }
 
+TEST_F(UiState, UndoingTheDeletionOfACurveBringsBackItsPicks)
+{
+    ASSERT_TRUE(mel("selectKey -t \"4:10\" box_translateX"));
+    ASSERT_TRUE(mel("delete box_translateX"));
+    EXPECT_EQ(melStrings("ls -sl"), (std::vector<std::string>{"box"}));
+    ASSERT_TRUE(mel("undo"));
+    EXPECT_EQ(melStrings("ls -sl"), (std::vector<std::string>{"box", "box_translateX"}));
+    EXPECT_EQ(mayasim::host::selectedKeys("box_translateX"), (std::vector<unsigned int>{1, 2}));
+    ASSERT_TRUE(mel("redo"));
+    EXPECT_EQ(melStrings("ls -sl"), (std::vector<std::string>{"box"}));
+}
+
 TEST_F(UiState, PicksStayWithTheirKeysWhenKeysComeAndGo)
 {
     ASSERT_TRUE(mayasim::host::selectKeys("box_translateX", {1}));

@@ -188,11 +188,23 @@ TEST_F(SelectionTest, IteratorFiltersByFunctionSetType)
     EXPECT_TRUE(curves.isDone());
 }
 
-TEST_F(SelectionTest, DeletedNodesLeaveTheActiveList)
+TEST_F(SelectionTest, DeletedNodesLeaveTheActiveListUndoably)
 {
     ASSERT_TRUE(mel("select -r ab pCube2"));
     ASSERT_TRUE(mel("delete ab"));
     EXPECT_EQ(active(), (std::vector<std::string>{"pCube2"}));
+    ASSERT_TRUE(mel("undo"));
+    EXPECT_EQ(active(), (std::vector<std::string>{"ab", "pCube2"}));
+    // Redo once left the deleted node selected.
+    ASSERT_TRUE(mel("undo; redo; redo"));
+    EXPECT_EQ(melStrings("ls -sl"), (std::vector<std::string>{"pCube2"}));
+    EXPECT_TRUE(mel("select -add pCube1"));
+
+    // A group's children go with it, and come back selected with it.
+    ASSERT_TRUE(mel("select -r child; delete g"));
+    EXPECT_TRUE(active().empty());
+    ASSERT_TRUE(mel("undo"));
+    EXPECT_EQ(active(), (std::vector<std::string>{"child"}));
 }
 
 } // namespace

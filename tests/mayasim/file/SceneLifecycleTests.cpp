@@ -177,6 +177,22 @@ TEST_F(SceneLifecycle, OpeningAMissingFileFailsAndKeepsTheScene)
     EXPECT_TRUE(list.add("marker"));
 }
 
+TEST_F(SceneLifecycle, ReadingAFileLeavesTheSelectionAsItWas)
+{
+    const std::string path = scratchFile("selected.ma");
+    ASSERT_TRUE(mel("createNode transform -n first; createNode transform -n last; select -r first"));
+    ASSERT_TRUE(mel("file -rename \"" + path + "\"; file -save"));
+    // Opening used to leave the file's last node selected.
+    ASSERT_TRUE(MFileIO::open(path.c_str(), nullptr, true));
+    EXPECT_TRUE(melStrings("ls -sl").empty());
+    ASSERT_TRUE(MFileIO::newFile(true));
+    ASSERT_TRUE(mel("createNode transform -n marker; select -r marker"));
+    ASSERT_TRUE(mel("file -import \"" + path + "\""));
+    EXPECT_EQ(melStrings("ls -sl"), std::vector<std::string>{"marker"});
+    ASSERT_TRUE(MFileIO::newFile(true));
+    EXPECT_TRUE(melStrings("ls -sl").empty());
+}
+
 TEST_F(SceneLifecycle, ImportAddsToTheSceneAndKeepsItsName)
 {
     const std::string path = scratchFile("part.ma");
