@@ -13,9 +13,9 @@
 #include <maya/MFileIO.h>
 #include <maya/MPxNode.h>
 
-namespace mayasim::ops {
-
 #include <algorithm>
+
+namespace mayasim::ops {
 
 namespace {
 
@@ -42,23 +42,6 @@ void copyNodeState(const NodePtr& from, const NodePtr& to)
 
 void addNode(EditList& edits, const NodePtr& node, const NodePtr& parent);
 
-NodePtr duplicateUnder(EditList& edits, const NodePtr& node, const NodePtr& parent)
-{
-    // Copies take names no node has, anywhere ("pCubeShape1" -> "pCubeShape2").
-    NodePtr copy = newNode(node->type(), scene::uniqueName(node->name, nullptr, nullptr));
-    copyNodeState(node, copy);
-    if (node->type()->copyData)
-        node->type()->copyData(*node, *copy);
-    if (copy->user && node->user)
-        copy->user->copyInternalData(node->user.get());
-    addNode(edits, copy, parent);
-    for (const auto& child : std::vector<NodePtr>(node->children))
-        duplicateUnder(edits, child, copy);
-    return copy;
-}
-
-} // namespace
-
 bool onAttribute(const PlugKey& key, const Attribute* attribute)
 {
     const std::vector<const Attribute*> chain = key.attribute->chain();
@@ -77,6 +60,23 @@ void breakConnections(EditList& edits, const NodePtr& node, const Attribute* att
             for (const auto& destination : entry.second)
                 edits.run(editing::disconnect(PlugAddress{node, entry.first}, destination));
 }
+
+NodePtr duplicateUnder(EditList& edits, const NodePtr& node, const NodePtr& parent)
+{
+    // Copies take names no node has, anywhere ("pCubeShape1" -> "pCubeShape2").
+    NodePtr copy = newNode(node->type(), scene::uniqueName(node->name, nullptr, nullptr));
+    copyNodeState(node, copy);
+    if (node->type()->copyData)
+        node->type()->copyData(*node, *copy);
+    if (copy->user && node->user)
+        copy->user->copyInternalData(node->user.get());
+    addNode(edits, copy, parent);
+    for (const auto& child : std::vector<NodePtr>(node->children))
+        duplicateUnder(edits, child, copy);
+    return copy;
+}
+
+} // namespace
 
 std::string plugText(const Node& node, const PlugKey& key)
 {
@@ -294,6 +294,8 @@ void removeAttribute(EditList& edits, const NodePtr& node, const AttributePtr& a
     checkAlive(node);
     if (!attribute->dynamic)
         throw MelError("Cannot delete the static attribute '" + attribute->longName + "'.");
+    // Its connections go first, as its values go with it.
+    breakConnections(edits, node, attribute.get());
     edits.run(editing::removeAttribute(node, attribute));
 }
 
@@ -328,8 +330,6 @@ void reparent(EditList& edits, const NodePtr& node, const NodePtr& parent, bool 
 
 NodePtr duplicate(EditList& edits, const NodePtr& node)
 {
-    // Its connections go first, as its values go with it.
-    breakConnections(edits, node, attribute.get());
     checkAlive(node);
     return duplicateUnder(edits, node, node->parentNode());
 }
