@@ -80,14 +80,14 @@ public:
 
     std::unique_ptr<MPxNode> user; // the plug-in's part of a plug-in node
     void setUser(MPxNode* instance);
+    // Drops the plug-in's part (its destructor runs now, while the module is
+    // still loaded) and takes the type the node lives on as.
+    void dropUser(NodeTypePtr type);
 
     NodePtr self() { return std::static_pointer_cast<Node>(shared_from_this()); }
     NodePtr parentNode() const { return parent.lock(); }
     // Static then dynamic top-level attributes, in order.
     std::vector<AttributePtr> attributes() const;
-    // Drops the plug-in's part (its destructor runs now, while the module is
-    // still loaded) and takes the type the node lives on as.
-    void dropUser(NodeTypePtr type);
     // Every attribute at any depth, in order (children after their parent).
     std::vector<AttributePtr> allAttributes() const;
     AttributePtr findAttribute(const std::string& name) const;
