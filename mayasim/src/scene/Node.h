@@ -98,13 +98,13 @@ private:
     NodeTypePtr fType;
 };
 
+// Every node, in the scene or not, that still has a plug-in part made by
+// the plug-in's creator.
+std::vector<NodePtr> nodesWithUserOf(const std::string& plugin);
+
 Node* nodeObject(const MObject& object);
 NodePtr nodePtr(const MObject& object);
 MObject objectOf(const Node* node);
 MObject objectOf(const Attribute* attribute);
-
-// Every node, in the scene or not, that still has a plug-in part made by
-// the plug-in's creator.
-std::vector<NodePtr> nodesWithUserOf(const std::string& plugin);
 
 } // namespace mayasim
