@@ -2,6 +2,7 @@
 // command line are in UI units (degrees, the UI distance and time units);
 // plugs hold internal units.
 #include "commands/CommandSupport.h"
+#include "foundation/NumberText.h"
 #include "scene/Evaluation.h"
 #include "scene/Operations.h"
 #include "scene/Plugs.h"
@@ -11,6 +12,8 @@
 #include <maya/MDistance.h>
 #include <maya/MTime.h>
 
+#include <cstdint>
+#include <limits>
 #include <map>
 
 namespace mayasim::commands {
@@ -292,9 +295,9 @@ MelValue valueOf(const PlugRef& plug, bool asString)
     {
         if (asString && attribute.kind == Attribute::Kind::Enum)
             for (const auto& field : attribute.enumFields)
-                if (field.second == static_cast<short>(numbers[0]))
+                if (field.second == truncatedTo<short>(numbers[0]))
                     return MelValue::ofString(field.first);
-        return integral(attribute) ? MelValue::ofInt(static_cast<long>(numbers[0])) : MelValue::ofFloat(numbers[0]);
+        return integral(attribute) ? MelValue::ofInt(truncatedTo<std::int32_t>(numbers[0])) : MelValue::ofFloat(numbers[0]);
     }
     if (single && attribute.kind == Attribute::Kind::Typed && numbers.empty())
         return MelValue::ofString("");
@@ -345,6 +348,9 @@ struct PendingCompound
 {
     AttributePtr attribute;
     size_t expected = 0;
+    // A node's address names it only while it lives: a new node may take
+    // the address of one that is gone.
+    std::weak_ptr<Node> node;
 };
 
 std::map<std::pair<const Node*, std::string>, PendingCompound>& pending()
@@ -409,7 +415,13 @@ AttributePtr makeAttribute(const std::string& longName, const std::string& short
                 std::string field = names.substr(start, end - start);
                 if (const size_t equals = field.find('='); equals != std::string::npos)
                 {
-                    next = static_cast<short>(std::stoi(field.substr(equals + 1)));
+                    const std::string number = field.substr(equals + 1);
+                    long value = 0;
+                    if (!parseInteger(number, value) || value < std::numeric_limits<short>::min() ||
+                        value > std::numeric_limits<short>::max())
+                        throw MelError("addAttr: The value '" + number + "' of enum field '" + field.substr(0, equals) +
+                                       "' is not a whole number from -32768 to 32767.");
+                    next = static_cast<short>(value);
                     field = field.substr(0, equals);
                 }
                 if (!field.empty())
@@ -417,7 +429,7 @@ AttributePtr makeAttribute(const std::string& longName, const std::string& short
                 start = end + 1;
             }
         }
-        return makeEnum(longName, shortName, fields, static_cast<short>(defaultValue));
+        return makeEnum(longName, shortName, fields, truncatedTo<short>(defaultValue));
     }
     if (type == "message")
         return makeMessage(longName, shortName);
@@ -508,7 +520,7 @@ MelValue addAttr(const Invocation& call)
                 args.has("numberOfChildren") ? static_cast<size_t>(args.args("numberOfChildren")[0].integer()) : tupleSize(at);
             if (attribute->isCompound() || children > 0)
             {
-                pending()[{target.get(), longName}] = {attribute, children};
+                pending()[{target.get(), longName}] = {attribute, children, target};
                 continue;
             }
             if (!args.has("parent"))
@@ -517,6 +529,11 @@ MelValue addAttr(const Invocation& call)
                 continue;
             }
             auto parent = pending().find({target.get(), args.args("parent")[0].text});
+            if (parent != pending().end() && parent->second.node.lock() != target)
+            {
+                pending().erase(parent);
+                parent = pending().end();
+            }
             if (parent == pending().end())
                 throw MelError("addAttr: The parent attribute '" + args.args("parent")[0].text +
                                "' was not found or is complete.");

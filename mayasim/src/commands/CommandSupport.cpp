@@ -29,18 +29,11 @@ std::optional<Range> elementRange(const std::string& path)
     const size_t colon = path.find(':', open == std::string::npos ? 0 : open);
     if (open == std::string::npos || colon == std::string::npos || path.back() != ']')
         return std::nullopt;
-    Range range;
-    try
-    {
-        range.first = std::stoi(path.substr(open + 1, colon - open - 1));
-        range.last = std::stoi(path.substr(colon + 1, path.size() - colon - 2));
-    }
-    catch (const std::exception&)
-    {
+    const std::optional<int> first = elementIndex(path.substr(open + 1, colon - open - 1));
+    const std::optional<int> last = elementIndex(path.substr(colon + 1, path.size() - colon - 2));
+    if (!first || !last)
         return std::nullopt;
-    }
-    range.path = path.substr(0, open + 1) + "%]";
-    return range;
+    return Range{path.substr(0, open + 1) + "%]", *first, *last};
 }
 
 std::vector<PlugRef> plugsOn(const NodePtr& node, const std::string& path)
@@ -48,7 +41,7 @@ std::vector<PlugRef> plugsOn(const NodePtr& node, const std::string& path)
     std::vector<PlugRef> result;
     if (std::optional<Range> range = elementRange(path))
     {
-        for (int index = range->first; index <= range->last; ++index)
+        for (long index = range->first; index <= range->last; ++index)
         {
             std::string element = range->path;
             element.replace(element.find('%'), 1, std::to_string(index));

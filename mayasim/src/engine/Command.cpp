@@ -6,17 +6,38 @@
 #include <algorithm>
 #include <cctype>
 #include <cmath>
+#include <cstdint>
 #include <cstdlib>
 
 namespace mayasim {
 
 // --- MelValue ----------------------------------------------------------------
 
+long wrapInt(long long value)
+{
+    const auto low = static_cast<std::uint32_t>(value); // the low 32 bits
+    return low <= static_cast<std::uint32_t>(INT32_MAX) ? static_cast<long>(low) : -static_cast<long>(~low) - 1;
+}
+
+std::optional<long> intFromText(const std::string& text)
+{
+    size_t at = text.empty() || (text[0] != '-' && text[0] != '+') ? 0 : 1;
+    if (at == text.size())
+        return std::nullopt;
+    std::uint32_t low = 0; // unsigned: the digits wrap, as MEL's int does
+    for (; at < text.size(); ++at) {
+        if (!std::isdigit(static_cast<unsigned char>(text[at])))
+            return std::nullopt;
+        low = low * 10u + static_cast<std::uint32_t>(text[at] - '0');
+    }
+    return wrapInt(text[0] == '-' ? -static_cast<long long>(low) : static_cast<long long>(low));
+}
+
 MelValue MelValue::ofInt(long v)
 {
     MelValue value;
     value.type = Type::Int;
-    value.i = v;
+    value.i = wrapInt(v);
     return value;
 }
 
@@ -41,6 +62,8 @@ MelValue MelValue::ofInts(std::vector<long> v)
     MelValue value;
     value.type = Type::IntArray;
     value.ia = std::move(v);
+    for (long& item : value.ia)
+        item = wrapInt(item);
     return value;
 }
 
@@ -84,11 +107,11 @@ long MelValue::asInt() const
 {
     switch (type) {
     case Type::Int: return i;
-    case Type::Float: return static_cast<long>(std::trunc(f));
-    case Type::String: return static_cast<long>(std::trunc(leadingNumber(s)));
+    case Type::Float: return truncatedTo<std::int32_t>(f);
+    case Type::String: return truncatedTo<std::int32_t>(leadingNumber(s));
     case Type::IntArray: return ia.empty() ? 0 : ia.front();
-    case Type::FloatArray: return fa.empty() ? 0 : static_cast<long>(std::trunc(fa.front()));
-    case Type::StringArray: return sa.empty() ? 0 : static_cast<long>(std::trunc(leadingNumber(sa.front())));
+    case Type::FloatArray: return fa.empty() ? 0 : truncatedTo<std::int32_t>(fa.front());
+    case Type::StringArray: return sa.empty() ? 0 : truncatedTo<std::int32_t>(leadingNumber(sa.front()));
     case Type::None: break;
     }
     return 0;
@@ -179,10 +202,9 @@ double Word::number() const
 
 long Word::integer() const
 {
-    long value = 0;
-    if (parseInteger(text, value))
-        return value;
-    return static_cast<long>(std::trunc(number()));
+    if (const std::optional<long> value = intFromText(text))
+        return *value;
+    return truncatedTo<std::int32_t>(number());
 }
 
 bool Word::boolean() const

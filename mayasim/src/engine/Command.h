@@ -13,7 +13,15 @@
 
 namespace mayasim {
 
-// A MEL value: int, float, string, or an array of one of them.
+// MEL's int is 32 bits, as in Maya, held in a long. Ints wrap around
+// (2147483647 + 1 is -2147483648); a float made an int is truncated, and one
+// outside the int range (or NaN) becomes -2147483648 (truncatedTo).
+long wrapInt(long long value);
+// Decimal digits with an optional sign, read as a MEL int; nothing for other text.
+std::optional<long> intFromText(const std::string& text);
+
+// A MEL value: int, float, string, or an array of one of them. Ints are
+// always within the 32-bit range.
 struct MelValue
 {
     enum class Type { None, Int, Float, String, IntArray, FloatArray, StringArray };

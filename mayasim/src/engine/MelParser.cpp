@@ -60,6 +60,28 @@ private:
     size_t fPos = 0;
     int fLine = 1;
     int fColumn = 1;
+    int fDepth = 0;
+
+    // Statements and expressions nest through recursion, here and when they
+    // run; deeper nesting than this is a syntax error rather than a stack
+    // overflow (Maya's parser has a fixed stack too).
+    static constexpr int kMaxNesting = 500;
+
+    class Nesting
+    {
+    public:
+        explicit Nesting(Parser& parser) : fParser(parser)
+        {
+            if (++fParser.fDepth > kMaxNesting)
+                fParser.fail();
+        }
+        ~Nesting() { --fParser.fDepth; }
+        Nesting(const Nesting&) = delete;
+        Nesting& operator=(const Nesting&) = delete;
+
+    private:
+        Parser& fParser;
+    };
 
     // --- characters --------------------------------------------------------------
 
@@ -157,6 +179,7 @@ private:
 
     StatementPtr statement()
     {
+        const Nesting nesting(*this);
         skipSpace();
         const size_t start = fPos;
         StatementPtr result = statementBody();
@@ -427,6 +450,7 @@ private:
 
     ExprPtr unary()
     {
+        const Nesting nesting(*this);
         skipSpace();
         const char c = peek();
         if ((c == '!' && peek(1) != '=') || c == '-' || c == '+') {
@@ -503,7 +527,7 @@ private:
         const std::string text = fSource.substr(start, fPos - start);
         if (isFloat)
             return literal(MelValue::ofFloat(std::strtod(text.c_str(), nullptr)), at);
-        return literal(MelValue::ofInt(std::strtol(text.c_str(), nullptr, 10)), at);
+        return literal(MelValue::ofInt(*intFromText(text)), at);
     }
 
     ExprPtr variable()

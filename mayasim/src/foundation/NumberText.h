@@ -1,8 +1,25 @@
 #pragma once
-// Text forms of numbers shared by MString, MEL results and Maya ASCII files.
+// Text forms of numbers shared by MString, MEL results and Maya ASCII files,
+// and the one way a double becomes an integer.
+#include <cmath>
+#include <limits>
 #include <string>
 
 namespace mayasim {
+
+// A double as an integer type: truncated toward zero, as C++ converts; NaN
+// and values outside the type's range give the type's lowest value (what
+// x86 gives for int) instead of undefined behaviour.
+template <typename Int>
+Int truncatedTo(double value)
+{
+    const double whole = std::trunc(value);
+    // The comparison against max + 1 is exact: it is a power of two.
+    const double past = 2.0 * static_cast<double>(std::numeric_limits<Int>::max() / 2 + 1);
+    if (!(whole >= static_cast<double>(std::numeric_limits<Int>::min()) && whole < past))
+        return std::numeric_limits<Int>::min();
+    return static_cast<Int>(whole);
+}
 
 // Shortest text that reads back to the same double; whole numbers have no
 // decimal point ("5", "-2", "0.5", "1e+20").

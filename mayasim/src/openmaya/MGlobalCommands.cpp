@@ -7,6 +7,7 @@
 #include "engine/Output.h"
 #include "engine/UndoQueue.h"
 #include "gui/GuiHost.h"
+#include "foundation/NumberText.h"
 #include "python/Embedded.h"
 
 #include <mayasim/Host.h>
@@ -176,7 +177,7 @@ MStatus MGlobal::executeCommand(const MString& command, MIntArray& result, bool 
             // Times and other floats read into integers are truncated toward zero.
             std::vector<int> items;
             for (double item : value.fa)
-                items.push_back(static_cast<int>(std::trunc(item)));
+                items.push_back(mayasim::truncatedTo<int>(item));
             fill(result, items);
             return true;
         }

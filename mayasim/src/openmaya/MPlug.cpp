@@ -1,5 +1,6 @@
 #include <maya/MPlug.h>
 
+#include "foundation/NumberText.h"
 #include "scene/Api.h"
 #include "scene/Evaluation.h"
 #include "scene/Operations.h"
@@ -521,17 +522,17 @@ float MPlug::asFloat(MStatus* ReturnStatus) const
 
 MInt64 MPlug::asInt64(MStatus* ReturnStatus) const
 {
-    return static_cast<MInt64>(readNumber(*this, ReturnStatus));
+    return truncatedTo<MInt64>(readNumber(*this, ReturnStatus));
 }
 
 int MPlug::asInt(MStatus* ReturnStatus) const
 {
-    return static_cast<int>(readNumber(*this, ReturnStatus));
+    return truncatedTo<int>(readNumber(*this, ReturnStatus));
 }
 
 short MPlug::asShort(MStatus* ReturnStatus) const
 {
-    return static_cast<short>(readNumber(*this, ReturnStatus));
+    return truncatedTo<short>(readNumber(*this, ReturnStatus));
 }
 
 bool MPlug::asBool(MStatus* ReturnStatus) const
@@ -541,7 +542,7 @@ bool MPlug::asBool(MStatus* ReturnStatus) const
 
 char MPlug::asChar(MStatus* ReturnStatus) const
 {
-    return static_cast<char>(readNumber(*this, ReturnStatus));
+    return truncatedTo<char>(readNumber(*this, ReturnStatus));
 }
 
 MDistance MPlug::asMDistance(MStatus* ReturnStatus) const

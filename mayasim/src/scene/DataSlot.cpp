@@ -1,5 +1,6 @@
 #include "scene/DataSlot.h"
 
+#include "foundation/NumberText.h"
 #include "scene/Evaluation.h"
 
 namespace mayasim {
@@ -8,11 +9,11 @@ void DataSlot::refreshViews() const
 {
     const double number = value.kind == Value::Kind::Number ? value.number : 0.0;
     b = number != 0.0;
-    c = static_cast<char>(number);
-    uc = static_cast<unsigned char>(number);
-    s = static_cast<short>(number);
-    i = static_cast<int>(number);
-    i64 = static_cast<MInt64>(number);
+    c = truncatedTo<char>(number);
+    uc = truncatedTo<unsigned char>(number);
+    s = truncatedTo<short>(number);
+    i = truncatedTo<int>(number);
+    i64 = truncatedTo<MInt64>(number);
     f = static_cast<float>(number);
     d = number;
     m = value.kind == Value::Kind::Matrix ? value.matrix : MMatrix();

@@ -1,11 +1,17 @@
 #include "scene/Evaluation.h"
 
+#include "engine/Output.h"
 #include "scene/DataSlot.h"
 #include "scene/Plugs.h"
 
 #include <maya/MDataBlock.h>
 #include <maya/MDataHandle.h>
 #include <maya/MPxNode.h>
+
+#include <algorithm>
+#include <optional>
+#include <string>
+#include <vector>
 
 namespace mayasim::eval {
 
@@ -151,8 +157,63 @@ std::optional<PlugAddress> drivingSource(const Node& node, const PlugKey& key)
     return std::nullopt;
 }
 
+namespace {
+
+// The plugs being read, outermost first. Maya allows connection cycles,
+// evaluating them once round with a warning; reading a plug again while it
+// is being read gives the value it holds instead of recursing for ever. A
+// chain of connections deeper than the stack takes stops the same way.
+constexpr size_t kMaxReadDepth = 1000;
+
+struct PlugBeingRead
+{
+    const Node* node;
+    const PlugKey* key;
+};
+
+std::vector<PlugBeingRead>& plugsBeingRead()
+{
+    static std::vector<PlugBeingRead> plugs;
+    return plugs;
+}
+
+class Reading
+{
+public:
+    Reading(const Node& node, const PlugKey& key) { plugsBeingRead().push_back({&node, &key}); }
+    ~Reading() { plugsBeingRead().pop_back(); }
+    Reading(const Reading&) = delete;
+    Reading& operator=(const Reading&) = delete;
+};
+
+// Why the plug can't be read through now, if it can't.
+std::optional<std::string> unreadable(const Node& node, const PlugKey& key)
+{
+    const auto& plugs = plugsBeingRead();
+    const bool cycle = std::any_of(plugs.begin(), plugs.end(),
+                                   [&](const PlugBeingRead& p) { return p.node == &node && *p.key == key; });
+    if (!cycle && plugs.size() < kMaxReadDepth)
+        return std::nullopt;
+    PlugNameOptions options;
+    options.includeNodeName = true;
+    options.useLongNames = true;
+    const std::string name = plugName(node, key, options);
+    if (cycle)
+        return "Cycle on '" + name + "' may not evaluate as expected.  (Use 'cycleCheck -e off' to disable this warning.)";
+    return "The connections into '" + name + "' run deeper than " + std::to_string(kMaxReadDepth) +
+           " plugs: it gives the value it holds.";
+}
+
+} // namespace
+
 Value read(Node& node, const PlugKey& key)
 {
+    if (const std::optional<std::string> why = unreadable(node, key))
+    {
+        writeOutput(OutputKind::Warning, *why);
+        return stored(node, key);
+    }
+    const Reading reading(node, key);
     if (std::optional<PlugAddress> source = drivingSource(node, key))
     {
         const PlugState* state = node.state(key);

@@ -1,7 +1,9 @@
 #include "scene/Plugs.h"
 
+#include "foundation/NumberText.h"
 #include "scene/Scene.h"
 
+#include <limits>
 #include <set>
 
 namespace mayasim {
@@ -23,6 +25,15 @@ PlugKey PlugAccess::key(const MPlug& plug)
 Node* PlugAccess::node(const MPlug& plug)
 {
     return nodeObject(plug.fNode);
+}
+
+std::optional<int> elementIndex(const std::string& text)
+{
+    long value = 0;
+    if (text.empty() || text.find_first_not_of("0123456789") != std::string::npos || !parseInteger(text, value) ||
+        value > std::numeric_limits<int>::max())
+        return std::nullopt;
+    return static_cast<int>(value);
 }
 
 PlugKey keyOf(const Attribute& attribute)
@@ -52,10 +63,9 @@ std::optional<std::vector<Segment>> splitPath(const std::string& path)
         {
             if (part.back() != ']')
                 return std::nullopt;
-            const std::string number = part.substr(bracket + 1, part.size() - bracket - 2);
-            if (number.empty() || number.find_first_not_of("0123456789") != std::string::npos)
+            segment.index = elementIndex(part.substr(bracket + 1, part.size() - bracket - 2));
+            if (!segment.index)
                 return std::nullopt;
-            segment.index = std::stoi(number);
             part = part.substr(0, bracket);
         }
         if (part.empty())

@@ -23,6 +23,10 @@ inline Node* plugNode(const MPlug& plug) { return PlugAccess::node(plug); }
 // The key of a top-level attribute or any attribute, with no element chosen.
 PlugKey keyOf(const Attribute& attribute);
 
+// An element index as plug names write it ("12" in "a.w[12]"): decimal
+// digits up to the largest int; nothing otherwise.
+std::optional<int> elementIndex(const std::string& text);
+
 // Parses an attribute path such as "tx", "translate.translateX",
 // "worldMatrix[0]" or "ktv[2].kv" on a node. Fails on unknown names.
 std::optional<PlugKey> parsePlugPath(const Node& node, const std::string& path);

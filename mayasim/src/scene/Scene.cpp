@@ -252,6 +252,25 @@ bool nameTaken(const std::string& name, const Node* node, const Node* parent)
     return false;
 }
 
+namespace {
+
+// Decimal digits plus one ("" counts as 0).
+std::string nextNumber(std::string digits)
+{
+    for (size_t at = digits.size(); at-- > 0;)
+    {
+        if (digits[at] != '9')
+        {
+            ++digits[at];
+            return digits;
+        }
+        digits[at] = '0';
+    }
+    return "1" + digits;
+}
+
+} // namespace
+
 std::string uniqueName(const std::string& wanted, const Node* node, const Node* parent)
 {
     if (!nameTaken(wanted, node, parent))
@@ -260,10 +279,13 @@ std::string uniqueName(const std::string& wanted, const Node* node, const Node* 
     while (digits > 0 && std::isdigit(static_cast<unsigned char>(wanted[digits - 1])))
         --digits;
     const std::string base = wanted.substr(0, digits);
-    long number = digits < wanted.size() ? std::stol(wanted.substr(digits)) + 1 : 1;
-    for (;; ++number)
+    // The number counts on as decimal text, so a name's number may be longer
+    // than any integer type ("a0012" -> "a13").
+    std::string number = wanted.substr(std::min(wanted.find_first_not_of('0', digits), wanted.size()));
+    for (;;)
     {
-        std::string candidate = base + std::to_string(number);
+        number = nextNumber(number);
+        std::string candidate = base + number;
         if (!nameTaken(candidate, node, parent))
             return candidate;
     }

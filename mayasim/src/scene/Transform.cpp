@@ -1,5 +1,6 @@
 #include "scene/Transform.h"
 
+#include "foundation/NumberText.h"
 #include "scene/Evaluation.h"
 #include "scene/Plugs.h"
 
@@ -38,7 +39,9 @@ Channels read(Node& node)
     c.rotate = readVector(node, "rotate");
     c.scale = readVector(node, "scale");
     c.shear = readVector(node, "shear");
-    c.rotateOrder = static_cast<int>(readNumber(node, "rotateOrder"));
+    // A file may set any number; only the six orders name a rotation.
+    const int order = truncatedTo<int>(readNumber(node, "rotateOrder"));
+    c.rotateOrder = order >= MEulerRotation::kXYZ && order <= MEulerRotation::kZYX ? order : MEulerRotation::kXYZ;
     c.rotateAxis = readVector(node, "rotateAxis");
     c.rotatePivot = readVector(node, "rotatePivot");
     c.rotatePivotTranslate = readVector(node, "rotatePivotTranslate");
