@@ -12,8 +12,8 @@ namespace mayasim::commands {
 // "No object matches name: <name>"
 MelError noMatch(const std::string& name);
 
-// The one node a name or DAG path names (a leading ':' names the root
-// namespace). Fails in Maya's words when none or several match.
+// The one node a name or DAG path names (as scene::match reads names).
+// Fails in Maya's words when none or several match.
 NodePtr node(const std::string& name);
 // The nodes the words name (wildcards allowed); with no words, the active
 // selection when `selectionByDefault`.

@@ -1,4 +1,4 @@
-// createNode, delete, rename, duplicate and parent.
+// createNode, delete, rename, duplicate, parent and lockNode.
 #include "commands/CommandSupport.h"
 #include "scene/Operations.h"
 #include "scene/Scene.h"
@@ -133,11 +133,36 @@ MelValue parent(const Invocation& call)
     return namesOf(targets);
 }
 
+MelValue lockNode(const Invocation& call)
+{
+    ParsedArgs args(call.name, call.words,
+                    {{"l", "lock", 1}, {"q", "query", 0}, {"ln", "lockName", 1}, {"lu", "lockUnpublished", 1},
+                     {"ic", "ignoreComponents", 0}});
+    std::vector<NodePtr> targets = nodes(args.positional(), true);
+    if (targets.empty())
+        throw MelError("lockNode: Not enough objects or values.");
+    if (args.has("query"))
+    {
+        std::vector<long> locked;
+        for (const auto& target : targets)
+            locked.push_back(target->locked ? 1 : 0);
+        return MelValue::ofInts(locked);
+    }
+    const bool lock = args.has("lock") ? args.args("lock")[0].boolean() : true;
+    undoable([&](EditList& edits) {
+        for (const auto& target : targets)
+            if (target->locked != lock)
+                edits.run(editing::setNodeLocked(target, lock));
+    });
+    return MelValue::none();
+}
+
 BuiltinRegistrar createNodeCommand("createNode", createNode);
 BuiltinRegistrar deleteCommand("delete", deleteNodes);
 BuiltinRegistrar renameCommand("rename", rename);
 BuiltinRegistrar duplicateCommand("duplicate", duplicate);
 BuiltinRegistrar parentCommand("parent", parent);
+BuiltinRegistrar lockNodeCommand("lockNode", lockNode);
 
 } // namespace
 

@@ -22,8 +22,7 @@ MelValue select(const Invocation& call)
             list.add(objectOf(n.get()));
     for (const Word& word : args.positional())
     {
-        const std::string text = !word.text.empty() && word.text[0] == ':' ? word.text.substr(1) : word.text;
-        if (!list.add(MString(text.c_str())))
+        if (!list.add(MString(word.text.c_str())))
             throw noMatch(word.text);
     }
     if (!args.has("clear") && !args.has("all") && args.positional().empty())

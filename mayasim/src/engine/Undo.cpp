@@ -262,6 +262,12 @@ void flush()
     for (Step& step : q.undone)
         dropped.push_back(std::move(step));
     q.undone.clear();
+    // Nor do the running commands keep what they did before it: a file
+    // operation run by MEL (open, reference) is no undo step.
+    for (CommandFrame* frame = q.frame; frame; frame = frame->fParent) {
+        dropped.push_back(Step{});
+        append(dropped.back(), frame->fItems);
+    }
     discard(std::move(dropped));
 }
 

@@ -36,6 +36,7 @@ private:
     CommandFrame* fParent;
     friend void mayasim::recordUndo(std::unique_ptr<UndoItem>);
     friend bool mayasim::undoRecording();
+    friend void flush();
 };
 
 // Brackets one run of MEL text. Each top-level statement of the outermost

@@ -87,7 +87,7 @@ private:
 
 } // namespace
 
-void readMayaAscii(const std::string& path)
+void readMayaAscii(const std::string& path, bool asReference)
 {
     std::ifstream in(path, std::ios::binary);
     if (!in)
@@ -97,8 +97,14 @@ void readMayaAscii(const std::string& path)
 
     UnknownTypes unknownTypes(path);
     bool failed = false;
+    // A referenced file brings nodes, not the scene's settings.
+    static const std::set<std::string> sceneSettings = {"fileInfo", "currentUnit", "playbackOptions"};
     for (const Statement& statement : splitStatements(text.str()))
     {
+        if (asReference)
+            if (const std::vector<std::string> words = wordsOf(statement.text);
+                !words.empty() && sceneSettings.count(words.front()))
+                continue;
         unknownTypes.declare(statement);
         if (executeMel(statement.text + ";", RunOptions{false, false, statement.line}).ok)
             continue;

@@ -4,6 +4,7 @@
 #include "engine/Plugins.h"
 #include "file/MayaAscii.h"
 #include "foundation/NumberText.h"
+#include "scene/References.h"
 #include "scene/Scene.h"
 
 #include <maya/MAngle.h>
@@ -13,6 +14,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <functional>
 #include <fstream>
 #include <sstream>
 
@@ -193,8 +195,56 @@ void writeAddAttr(std::ostream& out, const Attribute& attribute)
         writeAddAttr(out, *child);
 }
 
-// Locks on connected plugs wait until the connections are made: a locked
-// destination refuses connectAttr.
+// The state reading the file gives a plug before any line of its own: what
+// the referenced file left for a node read from one, else nothing set.
+const PlugState* loadedState(const Node& node, const PlugKey& key)
+{
+    if (!node.origin)
+        return nullptr;
+    const auto loaded = node.origin->plugs.find(key);
+    return loaded == node.origin->plugs.end() ? nullptr : &loaded->second;
+}
+
+// One setAttr per plug whose value or flags differ from what reading gives
+// it. Locks on connected plugs wait until the connections are made: a
+// locked destination refuses connectAttr.
+void writePlugs(std::ostream& out, const Node& node, std::vector<std::string>& lateLocks)
+{
+    for (const auto& [key, state] : node.plugs)
+    {
+        const Attribute& attribute = *key.attribute;
+        if (!storable(attribute))
+            continue;
+        const PlugState* loaded = loadedState(node, key);
+        const Value& loadedValue = loaded && !loaded->value.isEmpty() ? loaded->value : attribute.defaultValue;
+        const bool loadedKeyable = loaded && loaded->keyable ? *loaded->keyable : attribute.keyable;
+        const bool loadedChannelBox = loaded && loaded->channelBox ? *loaded->channelBox : attribute.channelBox;
+        const std::string path = melString(plugPath(key));
+        // A connected plug's value comes from its input when the file is read.
+        const bool connected = node.incoming.count(key) > 0;
+        if (!connected && !state.value.isEmpty() && state.value != loadedValue)
+        {
+            const std::string value = valueText(attribute, state.value, attribute.dataType);
+            if (!value.empty())
+                out << "\tsetAttr " << path << " " << value << ";\n";
+        }
+        std::string flags;
+        if (state.keyable && *state.keyable != loadedKeyable)
+            flags += *state.keyable ? " -k on" : " -k off";
+        if (state.channelBox && *state.channelBox != loadedChannelBox)
+            flags += *state.channelBox ? " -cb on" : " -cb off";
+        if (state.locked && !(loaded && loaded->locked))
+        {
+            if (connected)
+                lateLocks.push_back(scene::partialPathName(node) + plugPath(key));
+            else
+                flags += " -l on";
+        }
+        if (!flags.empty())
+            out << "\tsetAttr" << flags << " " << path << ";\n";
+    }
+}
+
 void writeNode(std::ostream& out, const Node& node, std::vector<std::string>& lateLocks)
 {
     out << "createNode " << node.type()->name << " -n " << melString(node.name);
@@ -204,34 +254,69 @@ void writeNode(std::ostream& out, const Node& node, std::vector<std::string>& la
     out << "\trename -uid " << melString(node.uuid.asString().asChar()) << ";\n";
     for (const AttributePtr& top : node.dynamicAttributes)
         writeAddAttr(out, *top);
-    for (const auto& [key, state] : node.plugs)
-    {
-        const Attribute& attribute = *key.attribute;
-        if (!storable(attribute))
-            continue;
-        const std::string path = melString(plugPath(key));
-        // A connected plug's value comes from its input when the file is read.
-        const bool connected = node.incoming.count(key) > 0;
-        if (!connected && !state.value.isEmpty() && state.value != attribute.defaultValue)
-        {
-            const std::string value = valueText(attribute, state.value, attribute.dataType);
-            if (!value.empty())
-                out << "\tsetAttr " << path << " " << value << ";\n";
-        }
-        std::string flags;
-        if (state.keyable && *state.keyable != attribute.keyable)
-            flags += *state.keyable ? " -k on" : " -k off";
-        if (state.channelBox && *state.channelBox != attribute.channelBox)
-            flags += *state.channelBox ? " -cb on" : " -cb off";
-        if (state.locked && connected)
-            lateLocks.push_back(scene::partialPathName(node) + plugPath(key));
-        else if (state.locked)
-            flags += " -l on";
-        if (!flags.empty())
-            out << "\tsetAttr" << flags << " " << path << ";\n";
-    }
+    writePlugs(out, node, lateLocks);
     if (node.type()->fileLines)
         out << node.type()->fileLines(node, numberText);
+    if (node.locked)
+        out << "lockNode -l 1 ;\n";
+}
+
+// A node read from a referenced file: the reference makes it, the scene's
+// file holds its edits, addressed by selecting it.
+void writeReferencedNode(std::ostream& out, const Node& node, std::vector<std::string>& lateLocks)
+{
+    std::ostringstream edits;
+    const auto& loaded = node.origin->dynamicAttributes;
+    for (const AttributePtr& top : node.dynamicAttributes)
+        if (std::find(loaded.begin(), loaded.end(), top) == loaded.end())
+            writeAddAttr(edits, *top);
+    writePlugs(edits, node, lateLocks);
+    if (!edits.str().empty())
+        out << "select -ne " << melString(scene::partialPathName(node)) << ";\n" << edits.str();
+}
+
+std::string plugText(const Node& node, const PlugKey& key)
+{
+    return melString(scene::partialPathName(node) + plugPath(key));
+}
+
+// Whether the referenced file a node was read from makes this connection.
+bool loadedConnection(const Node& node, const PlugKey& key, const PlugAddress& source)
+{
+    if (!node.origin)
+        return false;
+    const auto loaded = node.origin->incoming.find(key);
+    return loaded != node.origin->incoming.end() && loaded->second == source;
+}
+
+// The connections referenced nodes lost (before their values: a value
+// set where a connection was), the lines of the nodes included, the
+// connections into or out of them that reading doesn't make, and the late
+// locks; all in file order.
+void writeNodes(std::ostream& out, const std::vector<NodePtr>& ordered,
+                const std::function<bool(const Node&)>& included)
+{
+    for (const NodePtr& node : ordered)
+        if (node->origin && included(*node))
+            for (const auto& [key, source] : node->origin->incoming)
+            {
+                const auto now = node->incoming.find(key);
+                if (now != node->incoming.end() && now->second == source)
+                    continue;
+                if (const NodePtr from = source.lock(); from && from->alive)
+                    out << "disconnectAttr " << plugText(*from, source.key) << " " << plugText(*node, key) << ";\n";
+            }
+    std::vector<std::string> lateLocks;
+    for (const NodePtr& node : ordered)
+        if (included(*node))
+            node->origin ? writeReferencedNode(out, *node, lateLocks) : writeNode(out, *node, lateLocks);
+    for (const NodePtr& node : ordered)
+        for (const auto& [key, source] : node->incoming)
+            if (const NodePtr from = source.lock();
+                from && !loadedConnection(*node, key, source) && (included(*node) || included(*from)))
+                out << "connectAttr " << plugText(*from, source.key) << " " << plugText(*node, key) << ";\n";
+    for (const std::string& plug : lateLocks)
+        out << "setAttr -l on " << melString(plug) << ";\n";
 }
 
 // DAG nodes parent first, depth first in child order; then the others in
@@ -253,14 +338,34 @@ std::vector<NodePtr> nodesInFileOrder()
     return ordered;
 }
 
-// "requires -nodeType ..." for each plug-in whose node types the scene uses.
+// Maya's header lines for the scene's own references: their depth and
+// namespace, then the references themselves, which reading makes where
+// they stand (Maya defers them to the end of the file).
+std::string referenceLines()
+{
+    std::string depths;
+    std::string references;
+    for (const ReferencePtr& reference : references::all())
+    {
+        if (reference->parent.lock())
+            continue; // the referenced file makes it
+        const std::string common = "-rfn " + melString(reference->nodeName) + " -op \"v=0;\" -typ \"mayaAscii\" " +
+                                   melString(reference->path) + ";\n";
+        depths += "file -rdi 1 -ns " + melString(reference->space) + " " + common;
+        references += "file -r -ns " + melString(reference->space) + " -dr 1 " + common;
+    }
+    return depths + references;
+}
+
+// "requires -nodeType ..." for each plug-in whose node types the scene's own
+// nodes use (a referenced file names its own).
 std::string pluginRequirements(const std::vector<NodePtr>& nodes)
 {
     std::vector<std::pair<std::string, std::vector<std::string>>> plugins; // in order of first use
     for (const NodePtr& node : nodes)
     {
         const NodeType& type = *node->type();
-        if (type.pluginName.empty())
+        if (type.pluginName.empty() || node->origin)
             continue;
         auto plugin = std::find_if(plugins.begin(), plugins.end(),
                                    [&](const auto& entry) { return entry.first == type.pluginName; });
@@ -308,27 +413,32 @@ void writeMayaAscii(const std::string& path)
     const std::string name = std::filesystem::path(path).filename().string();
     std::ostringstream out;
     out << "//Maya ASCII 2022 scene\n//Name: " << name << "\n//Codeset: UTF-8\n";
+    out << referenceLines();
     const std::vector<NodePtr> nodes = nodesInFileOrder();
     out << "requires maya \"2022\";\n" << pluginRequirements(nodes);
     out << settingsLine("currentUnit", {{"-l", "-fullName -linear"}, {"-a", "-fullName -angle"}, {"-t", "-time"}});
     for (const auto& [key, value] : fileInfo())
         out << "fileInfo " << melString(key) << " " << melString(value) << ";\n";
-    std::vector<std::string> lateLocks;
-    for (const NodePtr& node : nodes)
-        writeNode(out, *node, lateLocks);
-    for (const NodePtr& node : nodes)
-        for (const auto& [key, source] : node->incoming)
-            if (const NodePtr from = source.lock())
-                out << "connectAttr " << melString(scene::partialPathName(*from) + plugPath(source.key)) << " "
-                    << melString(scene::partialPathName(*node) + plugPath(key)) << ";\n";
-    for (const std::string& plug : lateLocks)
-        out << "setAttr -l on " << melString(plug) << ";\n";
+    writeNodes(out, nodes, [](const Node&) { return true; });
     out << settingsLine("playbackOptions", {{"-min", "-min"}, {"-max", "-max"}, {"-ast", "-ast"}, {"-aet", "-aet"}});
     out << "// End of " << name << "\n";
 
     std::ofstream file(path, std::ios::binary | std::ios::trunc);
     if (!(file << out.str()) || !file.flush())
         throw MelError("Could not write file: " + path);
+}
+
+std::string referenceEdits(const Reference& reference)
+{
+    const auto fromReference = [&](const Node& node) {
+        for (ReferencePtr at = node.origin ? node.origin->reference : nullptr; at; at = at->parent.lock())
+            if (at.get() == &reference)
+                return true;
+        return false;
+    };
+    std::ostringstream out;
+    writeNodes(out, nodesInFileOrder(), fromReference);
+    return out.str();
 }
 
 } // namespace mayasim::file

@@ -3,6 +3,8 @@
 // read or written, and the file operations with the messages Maya raises
 // around them. The `file` command and MFileIO both come here; each
 // operation throws MelError in Maya's words when it can't be done.
+#include "scene/References.h"
+
 #include <string>
 
 namespace mayasim::file {
@@ -28,6 +30,23 @@ void save();
 // Renames and saves; the scene keeps its old path when saving fails.
 void saveAs(const std::string& path);
 void exportAll(const std::string& path);
+
+// File > Create Reference: reads the file's nodes into a namespace of its
+// own (the name wanted, or the file's, made unique) as read-only nodes, and
+// makes the reference node (named as wanted, or "<namespace>RN"). In a file
+// being read, the reference is read where its line stands and the file's
+// own lines make its reference node.
+struct CreatedReference
+{
+    ReferencePtr reference;
+    std::vector<NodePtr> nodes; // all it made, nested references' included
+};
+CreatedReference createReference(const std::string& path, const std::string& space, const std::string& nodeName);
+// Reads a reference's file again and makes its edits again.
+void loadReference(const ReferencePtr& reference);
+// Takes a reference's nodes, nested references and reference node out of
+// the scene, and its namespace when that is left empty.
+void removeReference(const ReferencePtr& reference);
 
 // True while a file is being read, written, opened or the scene renewed.
 bool reading();

@@ -251,8 +251,8 @@ MPlug MFnDependencyNode::findPlug(const MString& attrName, MStatus* ReturnStatus
 
 bool MFnDependencyNode::isFromReferencedFile(MStatus* ReturnStatus) const
 {
-    nodeOf(fObject, ReturnStatus);
-    return false;
+    NodePtr node = nodeOf(fObject, ReturnStatus);
+    return node && node->origin;
 }
 
 bool MFnDependencyNode::isLocked(MStatus* ReturnStatus) const

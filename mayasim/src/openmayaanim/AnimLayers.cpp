@@ -5,6 +5,7 @@
 #include "engine/Command.h"
 #include "engine/Events.h"
 #include "scene/Evaluation.h"
+#include "scene/Namespaces.h"
 #include "scene/Operations.h"
 #include "scene/Plugs.h"
 #include "scene/Scene.h"
@@ -164,7 +165,8 @@ NodePtr makeBlend(EditList& edits, const NodePtr& layer, const NodePtr& node, co
 {
     const bool rotation = typeName == kRotationBlend;
     const Attribute& named = rotation ? *attribute.parentAttribute() : attribute;
-    NodePtr blend = ops::createNode(edits, typeName, node->name + "_" + named.longName + "_" + layer->name, nullptr);
+    NodePtr blend = ops::createNode(edits, typeName,
+                                    ns::baseName(node->name) + "_" + named.longName + "_" + layer->name, nullptr);
     ops::connect(edits, plugOf(layer, "foregroundWeight"), plugOf(blend, "weightB"), false);
     ops::connect(edits, plugOf(layer, "backgroundWeight"), plugOf(blend, "weightA"), false);
     if (typeName == kScaleBlend)

@@ -4,6 +4,7 @@
 #include "openmayaanim/ChangeLog.h"
 #include "openmayaanim/KeyEvents.h"
 #include "scene/Api.h"
+#include "scene/Namespaces.h"
 #include "scene/Operations.h"
 #include "scene/Plugs.h"
 
@@ -109,13 +110,17 @@ Result keyQuery(const MObject& object, unsigned int index, MStatus* status, Resu
     });
 }
 
-// An edit: refused without a curve, and on a curve whose output drives a
-// locked plug (keys of a locked attribute can't change).
+// An edit: refused without a curve, on a curve read from a referenced file
+// (its key edits would have no place in the scene's file), and on a curve
+// whose output drives a locked plug (keys of a locked attribute can't
+// change).
 template <typename Work> MStatus editCurve(const MObject& object, Work&& work)
 {
     const Curve curve = curveOf(object);
     if (!curve)
         return MS::kInvalidParameter;
+    if (curve.node->origin)
+        return MS::kFailure;
     for (const auto& [key, destinations] : curve.node->outgoing)
         for (const PlugAddress& destination : destinations)
             if (NodePtr target = destination.lock(); target && ops::locked(*target, destination.key))
@@ -214,10 +219,11 @@ MStatus setInfinityOf(const MObject& object, Side side, MFnAnimCurve::InfinityTy
     });
 }
 
-// The name Maya gives a curve made for a plug: "pCube1_translateX".
+// The name Maya gives a curve made for a plug: "pCube1_translateX", without
+// the node's namespace (the curve goes into the current one).
 std::string curveNameFor(const Node& node, const PlugKey& key)
 {
-    std::string name = node.name + "_" + plugName(node, key, {false, true, false, false});
+    std::string name = ns::baseName(node.name) + "_" + plugName(node, key, {false, true, false, false});
     for (char& c : name)
         if (!std::isalnum(static_cast<unsigned char>(c)) && c != '_')
             c = '_';

@@ -71,6 +71,7 @@ void registerBuiltins()
                             hidden(makeTyped("binMembership", "bnm", MFnData::kString))});
     node->abstract = true;
     add("unknown", node, MFn::kUnknown, 0x554e4b4e, {})->acceptsUnknownAttributes = true;
+    add("reference", node, MFn::kReference, 0x5245464e, {makeTyped("proxyTag", "ptag", MFnData::kString)});
 
     NodeTypePtr dagNode =
         add("dagNode", node, MFn::kDagNode, 0x4441474e,

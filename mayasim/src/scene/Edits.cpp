@@ -67,11 +67,6 @@ private:
     std::function<void()> fApply, fRevert;
 };
 
-EditPtr lambda(std::function<void()> apply, std::function<void()> revert)
-{
-    return std::make_unique<Lambda>(std::move(apply), std::move(revert));
-}
-
 void fireAttribute(Node& node, const PlugKey& key, int message, const MPlug& other = MPlug())
 {
     MObject object = objectOf(&node);
@@ -143,6 +138,11 @@ EditPtr plugStateEdit(NodePtr node, PlugKey key, std::function<void(PlugState&)>
 }
 
 } // namespace
+
+EditPtr lambda(std::function<void()> apply, std::function<void()> revert)
+{
+    return std::make_unique<Lambda>(std::move(apply), std::move(revert));
+}
 
 EditPtr addNode(NodePtr node, NodePtr parent)
 {

@@ -7,6 +7,7 @@
 #include "engine/Undo.h"
 #include "scene/Node.h"
 
+#include <functional>
 #include <memory>
 #include <type_traits>
 #include <vector>
@@ -96,6 +97,8 @@ EditPtr removeAttribute(NodePtr node, AttributePtr attribute);
 EditPtr reparent(NodePtr node, NodePtr parent);
 EditPtr setUuid(NodePtr node, MUuid uuid);
 EditPtr setNodeLocked(NodePtr node, bool locked);
+// An edit from two functions, for state outside the nodes (namespaces).
+EditPtr lambda(std::function<void()> apply, std::function<void()> revert);
 
 } // namespace editing
 

@@ -4,7 +4,9 @@
 #include "engine/Events.h"
 #include "scene/Evaluation.h"
 #include "scene/Modifier.h"
+#include "scene/Namespaces.h"
 #include "scene/Plugs.h"
+#include "scene/References.h"
 #include "scene/Scene.h"
 #include "scene/Selection.h"
 #include "scene/Transform.h"
@@ -29,6 +31,21 @@ void checkAlive(const NodePtr& node)
 {
     if (!node || !node->alive)
         throw MelError("Object is no longer valid.");
+}
+
+// What Maya refuses on a node read from a referenced file.
+void requireNotReferenced(const Node& node, const std::string& action)
+{
+    if (node.origin)
+        throw MelError("Cannot " + action + " '" + node.name + "' because it is from a referenced file.");
+}
+
+// What Maya refuses on a locked node (lockNode). Files lock a node after
+// its own lines, so reading one isn't held up.
+void requireNotLocked(const Node& node, const std::string& action)
+{
+    if (node.locked && !MFileIO::isReadingFile())
+        throw MelError("Cannot " + action + " locked node '" + node.name + "'.");
 }
 
 void copyNodeState(const NodePtr& from, const NodePtr& to)
@@ -113,6 +130,7 @@ void addNode(EditList& edits, const NodePtr& node, const NodePtr& parent)
 {
     node->name = node->name.empty() ? scene::defaultName(node->type()->name, parent.get())
                                     : scene::uniqueName(node->name, node.get(), parent.get());
+    ns::add(edits, ns::namespaceOf(node->name));
     edits.run(editing::addNode(node, node->isDag() ? parent : nullptr));
 }
 
@@ -130,6 +148,8 @@ void insert(EditList& edits, const NodePtr& node, const NodePtr& parent)
         under = createNode(edits, findNodeType("transform"), "", nullptr);
         node->serial = nextSerial(); // listed after its new parent
     }
+    if (!node->name.empty())
+        node->name = ns::qualify(node->name);
     addNode(edits, node, under);
     if (node->user)
         node->user->postConstructor();
@@ -161,6 +181,8 @@ void deleteNode(EditList& edits, const NodePtr& node)
 {
     if (!node->alive)
         return;
+    requireNotReferenced(*node, "delete");
+    requireNotLocked(*node, "delete");
     {
         MDGModifier modifier;
         MObject object = objectOf(node.get());
@@ -180,9 +202,14 @@ std::string rename(EditList& edits, const NodePtr& node, const std::string& name
     checkAlive(node);
     if (name.empty())
         throw MelError("New name must not be empty.");
-    if (name == node->name)
-        return name;
-    const std::string unique = scene::uniqueName(name, node.get(), node->parentNode().get());
+    // A new name is relative to the current namespace, as a new node's is.
+    const std::string qualified = ns::qualify(name);
+    if (qualified == node->name)
+        return qualified;
+    requireNotReferenced(*node, "rename");
+    requireNotLocked(*node, "rename");
+    const std::string unique = scene::uniqueName(qualified, node.get(), node->parentNode().get());
+    ns::add(edits, ns::namespaceOf(unique));
     edits.run(editing::rename(node, unique));
     return unique;
 }
@@ -261,8 +288,14 @@ void setLocked(EditList& edits, const NodePtr& node, const PlugKey& key, bool is
 {
     checkAlive(node);
     const PlugState* state = node->state(key);
-    if ((state && state->locked) != isLocked)
-        edits.run(editing::setLocked(node, key, isLocked));
+    if ((state && state->locked) == isLocked)
+        return;
+    requireNotLocked(*node, "lock or unlock attributes of");
+    if (!isLocked && node->origin)
+        if (auto loaded = node->origin->plugs.find(key); loaded != node->origin->plugs.end() && loaded->second.locked)
+            throw MelError("The attribute '" + plugText(*node, key) +
+                           "' is locked in a referenced file and cannot be unlocked.");
+    edits.run(editing::setLocked(node, key, isLocked));
 }
 
 void setKeyable(EditList& edits, const NodePtr& node, const PlugKey& key, bool keyable)
@@ -280,6 +313,7 @@ void setChannelBox(EditList& edits, const NodePtr& node, const PlugKey& key, boo
 void addAttribute(EditList& edits, const NodePtr& node, const AttributePtr& attribute)
 {
     checkAlive(node);
+    requireNotLocked(*node, "add attributes to");
     for (const std::string* name : {&attribute->longName, &attribute->shortName})
         if (!name->empty() && node->findAttribute(*name))
             throw MelError("Found an attribute with the same name '" + *name + "' on node '" + node->name + "'.");
@@ -294,6 +328,13 @@ void removeAttribute(EditList& edits, const NodePtr& node, const AttributePtr& a
     checkAlive(node);
     if (!attribute->dynamic)
         throw MelError("Cannot delete the static attribute '" + attribute->longName + "'.");
+    requireNotLocked(*node, "remove attributes from");
+    if (node->origin)
+    {
+        const auto& loaded = node->origin->dynamicAttributes;
+        if (std::find(loaded.begin(), loaded.end(), attribute) != loaded.end())
+            requireNotReferenced(*node, "remove the attribute '" + attribute->longName + "' from");
+    }
     // Its connections go first, as its values go with it.
     breakConnections(edits, node, attribute.get());
     edits.run(editing::removeAttribute(node, attribute));
@@ -311,6 +352,8 @@ void reparent(EditList& edits, const NodePtr& node, const NodePtr& parent, bool 
         throw MelError("Cannot parent to the shape '" + parent->name + "'.");
     if (node->parentNode() == parent)
         return;
+    requireNotReferenced(*node, "reparent");
+    requireNotLocked(*node, "reparent");
     const MMatrix world = transform::worldMatrix(*node);
     const std::string name = scene::nameTaken(node->name, node.get(), parent.get())
                                  ? scene::uniqueName(node->name, node.get(), parent.get())

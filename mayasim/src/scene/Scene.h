@@ -29,13 +29,14 @@ void clear();
 
 NodePtr findByUuid(const MUuid& uuid);
 // Nodes whose name or DAG path matches a pattern: "name", "a|b", "|a|b",
-// with * and ? wildcards in each part.
+// with * and ? wildcards in each part; names read as ns::lookupPath says.
 std::vector<NodePtr> match(const std::string& pattern);
 // The single node a name or path names; null when none or ambiguous.
 NodePtr find(const std::string& nameOrPath);
 
 std::string fullPathName(const Node& node);    // "|a|b"; a DG node's name
 std::string partialPathName(const Node& node); // shortest unique path
+// * and ? match within one namespace level ("*" doesn't match "rig:ctrl").
 bool wildcardMatch(const std::string& pattern, const std::string& text);
 bool hasWildcards(const std::string& pattern);
 
@@ -46,7 +47,8 @@ bool nameTaken(const std::string& name, const Node* node, const Node* parent);
 // The name itself when free, otherwise the next free name with a number
 // suffix: "pCube" -> "pCube1", "a1" -> "a2".
 std::string uniqueName(const std::string& wanted, const Node* node, const Node* parent);
-// Maya's default name for a new node of a type: "transform1".
+// Maya's default name for a new node of a type, in the current namespace:
+// "transform1".
 std::string defaultName(const std::string& typeName, const Node* parent);
 
 } // namespace mayasim::scene

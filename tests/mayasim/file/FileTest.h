@@ -94,6 +94,17 @@ protected:
 
     static void write(const std::string& path, const std::string& text) { std::ofstream(path, std::ios::binary) << text; }
 
+    // The scene as a save to a file of this test's writes it, without the
+    // lines that name the file.
+    static std::string savedText(const std::string& name)
+    {
+        const std::string path = scratchFile(name);
+        EXPECT_TRUE(MGlobal::executeCommand(("file -rename \"" + path + "\"; file -save").c_str()));
+        std::string text = contents(path);
+        text.erase(0, text.find("//Codeset"));
+        return text.substr(0, text.rfind("// End of"));
+    }
+
     // The text of the output lines of one kind.
     static std::vector<std::string> output(mayasim::host::OutputLine::Kind kind)
     {
