@@ -32,8 +32,8 @@ struct CommandFlag
 using CommandFlags = std::vector<const CommandFlag*>;
 
 // The flags in their order; a command that acts on objects takes a list of
-// at least one, the active selection when none is given.
-MSyntax commandSyntax(const CommandFlags& flags, bool actsOnObjects);
+// at least minObjects, the active selection when none is given.
+MSyntax commandSyntax(const CommandFlags& flags, bool actsOnObjects, unsigned int minObjects = 1);
 
 class CommandArgs
 {
@@ -47,9 +47,10 @@ public:
     const MStatus& status() const { return fStatus; }
     bool isSet(const CommandFlag& flag) const;
 
-    // The objects of the call; "no object/s specified" and a failed status
-    // when there are none.
-    MStatus getObjects(MSelectionList& objects, const ReportSite& site) const;
+    // The objects of the call; the failure words ("no object/s specified"
+    // unless the command has its own) and a failed status when there are none.
+    MStatus getObjects(MSelectionList& objects, const ReportSite& site,
+                       const QString& failure = QStringLiteral("no object/s specified")) const;
 
     // An argument of a number flag that is set: finite, as parsing checked.
     double number(const CommandFlag& flag, unsigned int index = 0) const;

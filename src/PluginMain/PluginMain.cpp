@@ -3,7 +3,9 @@
 #include <maya/MFnPlugin.h>
 
 #include "KeyBlending/Registration.h"
+#include "Mirror/Registration.h"
 #include "ResetPose/Registration.h"
+#include "SelectOpposite/Registration.h"
 #include "Snapshot/Registration.h"
 #include "Tangent/Registration.h"
 #include "TangentBlending/Registration.h"
@@ -38,6 +40,10 @@ PLUGIN_EXPORT MStatus initializePlugin(MObject obj)
         return status;
     if (!(status = SceneId::registerNode(plugin)))
         return status;
+    if (!(status = Mirror::registerCommand(plugin)))
+        return status;
+    if (!(status = SelectOpposite::registerCommand(plugin)))
+        return status;
     if (!(status = Tangent::registerCommand(plugin)))
         return status;
     return MS::kSuccess;
@@ -49,6 +55,10 @@ PLUGIN_EXPORT MStatus uninitializePlugin(MObject obj)
     MFnPlugin plugin(obj, "Unknown", "Unknown", RequiredApiVersion);
     cancelAllTasks();
     if (!(status = Tangent::deregisterCommand(plugin)))
+        return status;
+    if (!(status = SelectOpposite::deregisterCommand(plugin)))
+        return status;
+    if (!(status = Mirror::deregisterCommand(plugin)))
         return status;
     if (!(status = SceneId::deregisterNode(plugin)))
         return status;

@@ -15,7 +15,7 @@ bool isNumberType(MSyntax::MArgType type)
 
 } // namespace
 
-MSyntax commandSyntax(const CommandFlags& flags, bool actsOnObjects)
+MSyntax commandSyntax(const CommandFlags& flags, bool actsOnObjects, unsigned int minObjects)
 {
     MSyntax syntax;
     for (const CommandFlag* flag : flags) {
@@ -25,7 +25,7 @@ MSyntax commandSyntax(const CommandFlags& flags, bool actsOnObjects)
         syntax.addFlag(flag->shortName, flag->longName, type(0), type(1), type(2), type(3), type(4), type(5));
     }
     if (actsOnObjects) {
-        syntax.setObjectType(MSyntax::kSelectionList, 1);
+        syntax.setObjectType(MSyntax::kSelectionList, minObjects);
         syntax.useSelectionAsDefault(true);
     }
     return syntax;
@@ -60,11 +60,11 @@ bool CommandArgs::numbersAreFinite(const CommandFlags& flags, const ReportSite& 
 
 bool CommandArgs::isSet(const CommandFlag& flag) const { return fDatabase.isFlagSet(flag.shortName); }
 
-MStatus CommandArgs::getObjects(MSelectionList& objects, const ReportSite& site) const
+MStatus CommandArgs::getObjects(MSelectionList& objects, const ReportSite& site, const QString& failure) const
 {
     const MStatus status = fDatabase.getObjects(objects);
     if (!status)
-        reportAt(site, QStringLiteral("no object/s specified"));
+        reportAt(site, failure);
     return status;
 }
 

@@ -125,6 +125,16 @@ const std::vector<Tool> tools{
          static const std::vector<std::string> flags{"", " -t", " -r", " -s", " -t -r -s"};
          return "OVResetPose" + r.pick(flags);
      }},
+    {"mirror", 2,
+     [](Random& r) {
+         static const std::vector<std::string> flags{"", "", " -fa", " -s"};
+         return "OVMirror" + r.pick(flags);
+     }},
+    {"select opposite", 1,
+     [](Random& r) {
+         static const std::vector<std::string> flags{"", " -ao", " -dr", " -dl", " -dc", " -fp"};
+         return "OVSelectOpposite" + r.pick(flags);
+     }},
     {"set key", 3,
      [](Random& r) {
          return "setKeyframe -t " + r.number(0, 30, 0.5) + " -v " + r.number(-20, 20, 0.5) + " " + r.pick(channels);

@@ -1,0 +1,46 @@
+//Maya ASCII 2022 scene
+//Name: opposite_rig.ma
+//Codeset: UTF-8
+requires maya "2022";
+currentUnit -l centimeter -a degree -t film;
+createNode transform -n "body_ctrl";
+createNode transform -n "arm_L_ctrl" -p "body_ctrl";
+	setAttr ".t" -type "double3" 5 10 0 ;
+createNode transform -n "arm_R_ctrl" -p "body_ctrl";
+	setAttr ".t" -type "double3" -5 10 0 ;
+createNode transform -n "lonely_L_ctrl" -p "body_ctrl";
+createNode transform -n "Left_arm";
+createNode transform -n "Right_arm";
+createNode transform -n "leftArm";
+createNode transform -n "rightArm";
+createNode transform -n "L_leg";
+createNode transform -n "R_leg";
+createNode transform -n "foot_l";
+createNode transform -n "foot_r";
+createNode transform -n "hand_lf_ctrl";
+createNode transform -n "hand_rt_ctrl";
+createNode transform -n "brow_L_in_L";
+createNode transform -n "brow_R_in_R";
+createNode transform -n "R_eye_L";
+createNode transform -n "L_eye_L";
+createNode transform -n "R_eye_R";
+createNode transform -n "foo_Lid";
+createNode transform -n "foo_Rid";
+createNode transform -n "char:arm_L_ctrl";
+createNode transform -n "char:arm_R_ctrl";
+createNode transform -n "prop_a";
+	setAttr ".t" -type "double3" 5 1 2 ;
+createNode transform -n "prop_b";
+	setAttr ".t" -type "double3" -5 1 2 ;
+createNode transform -n "prop_c";
+	setAttr ".t" -type "double3" 0.05 0 0 ;
+createNode transform -n "prop_d";
+	setAttr ".t" -type "double3" 3 0 0 ;
+createNode transform -n "prop_e";
+	setAttr ".t" -type "double3" -3.05 0.05 -0.05 ;
+createNode transform -n "prop_f";
+	setAttr ".t" -type "double3" 7 0 0 ;
+createNode transform -n "prop_g";
+	setAttr ".t" -type "double3" -7.2 0 0 ;
+createNode transform -n "prop_h";
+	setAttr ".t" -type "double3" -0.05 0 0 ;
