@@ -70,9 +70,8 @@ std::optional<double> numericDefault(const MObject& object)
     case MFnNumericData::kInt64:
         return numericDefault<MInt64>(attribute);
     case MFnNumericData::kInt:
+    case MFnNumericData::kShort: // Maya reads a short's default through the int overload
         return numericDefault<int>(attribute);
-    case MFnNumericData::kShort:
-        return numericDefault<short>(attribute);
     default:
         return std::nullopt;
     }

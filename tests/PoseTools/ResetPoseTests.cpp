@@ -64,10 +64,13 @@ TEST_F(ResetPoseCmd, WithoutFileChannelsTakeTheirAttributeDefaults)
 TEST_F(ResetPoseCmd, AChannelWithoutEntryFallsBackToItsDefault)
 {
     ASSERT_TRUE(mel("setAttr obj.tx 4; OVSnapshot obj; addAttr -ln weight -at double -dv 0.25 -k true obj"));
-    ASSERT_TRUE(mel("setAttr obj.weight 9; setAttr obj.tx 7"));
+    // A short's default is read through the int overload, the one Maya has.
+    ASSERT_TRUE(mel("addAttr -ln steps -at short -dv 3 -k true obj"));
+    ASSERT_TRUE(mel("setAttr obj.weight 9; setAttr obj.steps 8; setAttr obj.tx 7"));
     ASSERT_TRUE(mel("OVResetPose obj"));
     EXPECT_EQ(value("obj.tx"), 4.0);
     EXPECT_EQ(value("obj.weight"), 0.25);
+    EXPECT_EQ(value("obj.steps"), 3.0);
 }
 
 TEST_F(ResetPoseCmd, AttributeDefaultsAreTakenInUiUnitsAndWrittenAsTheyAre)

@@ -1,6 +1,6 @@
 #pragma once
 #include <maya/MFnBase.h>
-#include <maya/MString.h>
+#include <maya/MFnData.h>
 
 OPENMAYA_MAJOR_NAMESPACE_OPEN
 

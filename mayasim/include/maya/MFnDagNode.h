@@ -1,6 +1,7 @@
 #pragma once
 #include <maya/MFnDependencyNode.h>
-#include <maya/MDagPath.h>
+#include <maya/MObject.h>
+#include <maya/MDeprecate.h>
 
 OPENMAYA_MAJOR_NAMESPACE_OPEN
 
@@ -10,12 +11,17 @@ class OPENMAYA_EXPORT MFnDagNode : public MFnDependencyNode
 public:
     MFnDagNode();
     MFnDagNode(MObject& object, MStatus* ReturnStatus = NULL);
-    MFnDagNode(const MObject& object, MStatus* ReturnStatus = NULL);
     MFnDagNode(const MDagPath& object, MStatus* ReturnStatus = NULL);
+BEGIN_NO_SCRIPT_SUPPORT:
+    MFnDagNode(const MObject& object, MStatus* ReturnStatus = NULL);
+END_NO_SCRIPT_SUPPORT:
     ~MFnDagNode() override;
     MFn::Type type() const override;
 
-    static const unsigned int kNextPos = 0xff;
+    enum
+    {
+        kNextPos = 0xff // addChild's index for the end of the list
+    };
 
     MObject create(const MTypeId& typeId, MObject& parent = MObject::kNullObj, MStatus* ReturnStatus = NULL);
     MObject create(const MTypeId& typeId, const MString& name, MObject& parent = MObject::kNullObj,
@@ -42,14 +48,16 @@ public:
     MMatrix transformationMatrix(MStatus* ReturnStatus = NULL) const;
     MDagPath dagPath(MStatus* ReturnStatus = NULL) const;
 
-    MStatus setObject(const MDagPath& path);
+    virtual MStatus setObject(const MDagPath& path);
     MStatus setObject(MObject& object) override;
     MStatus setObject(const MObject& object) override;
 
     static const char* className();
 
 protected:
-    MDagPath fPath; // the path the set was attached through, or the first one
+    // The path the set was attached through, or the node's first one; held
+    // apart so that this header needs no MDagPath.h.
+    MDagPath& fPath;
 };
 
 OPENMAYA_NAMESPACE_CLOSE

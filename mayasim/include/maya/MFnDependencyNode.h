@@ -2,8 +2,7 @@
 #include <maya/MFnBase.h>
 #include <maya/MTypeId.h>
 #include <maya/MString.h>
-#include <maya/MUuid.h>
-#include <maya/MPlug.h>
+#include <maya/MDeprecate.h>
 
 OPENMAYA_MAJOR_NAMESPACE_OPEN
 
@@ -12,8 +11,10 @@ class OPENMAYA_EXPORT MFnDependencyNode : public MFnBase
 {
 public:
     MFnDependencyNode();
-    MFnDependencyNode(MObject& object, MStatus* ReturnStatus = NULL);
-    MFnDependencyNode(const MObject& object, MStatus* ReturnStatus = NULL);
+    MFnDependencyNode(MObject& object, MStatus* ReturnStatus = nullptr);
+BEGIN_NO_SCRIPT_SUPPORT:
+    MFnDependencyNode(const MObject& object, MStatus* ReturnStatus = nullptr);
+END_NO_SCRIPT_SUPPORT:
     ~MFnDependencyNode() override;
     MFn::Type type() const override;
 
@@ -49,7 +50,9 @@ public:
     MStatus removeAttribute(const MObject& attr);
     MPlug findPlug(const MObject& attr, bool wantNetworkedPlug, MStatus* ReturnStatus = NULL) const;
     MPlug findPlug(const MString& attrName, bool wantNetworkedPlug, MStatus* ReturnStatus = NULL) const;
+    OPENMAYA_DEPRECATED(2019, "Use the MFnDependencyNode::findPlug( const MObject&, bool, MStatus* ) method instead.")
     MPlug findPlug(const MObject& attr, MStatus* ReturnStatus = NULL) const;
+    OPENMAYA_DEPRECATED(2019, "Use the MFnDependencyNode::findPlug( const MString&, bool, MStatus* ) method instead.")
     MPlug findPlug(const MString& attrName, MStatus* ReturnStatus = NULL) const;
 
     bool isFromReferencedFile(MStatus* ReturnStatus = NULL) const;

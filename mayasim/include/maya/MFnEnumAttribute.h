@@ -21,7 +21,7 @@ public:
     MStatus getMin(short& minValue) const;
     MStatus getMax(short& maxValue) const;
     MStatus setDefault(short index);
-    MStatus setDefaultByName(const MString& fieldString);
+    MStatus setDefault(const MString& fieldString);
     MStatus getDefault(short& index) const;
     MString defaultValue(MStatus* ReturnStatus = NULL) const;
 

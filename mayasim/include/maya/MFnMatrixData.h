@@ -1,7 +1,5 @@
 #pragma once
 #include <maya/MFnData.h>
-#include <maya/MMatrix.h>
-#include <maya/MTransformationMatrix.h>
 
 OPENMAYA_MAJOR_NAMESPACE_OPEN
 

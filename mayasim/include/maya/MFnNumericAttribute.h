@@ -1,6 +1,7 @@
 #pragma once
 #include <maya/MFnAttribute.h>
 #include <maya/MFnNumericData.h>
+#include <maya/MObject.h>
 
 OPENMAYA_MAJOR_NAMESPACE_OPEN
 
@@ -19,9 +20,10 @@ public:
     MObject createColor(const MString& fullName, const MString& briefName, MStatus* ReturnStatus = NULL);
     MObject createPoint(const MString& fullName, const MString& briefName, MStatus* ReturnStatus = NULL);
     MObject create(const MString& fullName, const MString& briefName, const MObject& child1,
-                   const MObject& child2, MStatus* ReturnStatus = NULL);
+                   const MObject& child2, const MObject& child3 = MObject::kNullObj, MStatus* ReturnStatus = NULL);
     MObject create(const MString& fullName, const MString& briefName, const MObject& child1,
-                   const MObject& child2, const MObject& child3, MStatus* ReturnStatus = NULL);
+                   const MObject& child2, const MObject& child3, const MObject& child4,
+                   MStatus* ReturnStatus = NULL);
     MFnNumericData::Type unitType(MStatus* ReturnStatus = NULL) const;
     MObject child(unsigned int index, MStatus* ReturnStatus = NULL) const;
 
@@ -40,14 +42,12 @@ public:
 
     MStatus getDefault(bool& def1);
     MStatus getDefault(char& def1);
-    MStatus getDefault(short& def1);
     MStatus getDefault(int& def1);
     MStatus getDefault(MInt64& def1);
     MStatus getDefault(float& def1);
     MStatus getDefault(double& def1);
     MStatus setDefault(bool def1);
     MStatus setDefault(char def1);
-    MStatus setDefault(short def1);
     MStatus setDefault(int def1);
     MStatus setDefault(MInt64 def1);
     MStatus setDefault(float def1);

@@ -17,8 +17,7 @@ public:
     {
         kInvalid,
         kBoolean,
-        k1Byte,
-        kByte = k1Byte,
+        kByte,
         kChar,
         kShort,
         k2Short,
@@ -43,9 +42,9 @@ public:
 
     MObject create(Type dataType, MStatus* ReturnStatus = NULL);
     Type numericType(MStatus* ReturnStatus = NULL);
-    MStatus getData(double& val1, double& val2) const;
-    MStatus getData(double& val1, double& val2, double& val3) const;
-    MStatus getData(double& val1, double& val2, double& val3, double& val4) const;
+    MStatus getData(double& val1, double& val2);
+    MStatus getData(double& val1, double& val2, double& val3);
+    MStatus getData(double& val1, double& val2, double& val3, double& val4);
     MStatus setData(double val1, double val2);
     MStatus setData(double val1, double val2, double val3);
     MStatus setData(double val1, double val2, double val3, double val4);

@@ -1,6 +1,8 @@
 #pragma once
 #include <maya/MFnAttribute.h>
 #include <maya/MFnData.h>
+#include <maya/MObject.h>
+#include <maya/MDeprecate.h>
 
 OPENMAYA_MAJOR_NAMESPACE_OPEN
 
@@ -15,9 +17,9 @@ public:
     MFn::Type type() const override;
 
     MObject create(const MString& fullName, const MString& briefName, const MTypeId& id,
-                   const MObject& defaultData = MObject::kNullObj, MStatus* ReturnStatus = NULL);
+                   MObject defaultData = MObject::kNullObj, MStatus* ReturnStatus = NULL);
     MObject create(const MString& fullName, const MString& briefName, MFnData::Type type,
-                   const MObject& defaultData = MObject::kNullObj, MStatus* ReturnStatus = NULL);
+                   MObject defaultData = MObject::kNullObj, MStatus* ReturnStatus = NULL);
     MFnData::Type attrType(MStatus* ReturnStatus = NULL) const;
     MStatus getDefault(MObject& defaultData);
     MStatus setDefault(const MObject& defaultData);

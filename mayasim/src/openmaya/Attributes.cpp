@@ -10,6 +10,8 @@
 #include <maya/MFnUnitAttribute.h>
 
 #include "scene/Api.h"
+
+#include <algorithm>
 #include "scene/Attribute.h"
 
 #include <maya/MAngle.h>
@@ -17,6 +19,7 @@
 #include <maya/MMatrix.h>
 #include <maya/MTime.h>
 #include <maya/MTypeId.h>
+#include <maya/MString.h>
 
 using namespace mayasim;
 
@@ -268,28 +271,33 @@ MObject MFnNumericAttribute::createPoint(const MString& fullName, const MString&
     return created(fObject, makeNumericCompound(fullName.asChar(), briefName.asChar(), children), s);
 }
 
-MObject MFnNumericAttribute::create(const MString& fullName, const MString& briefName, const MObject& child1,
-                                    const MObject& child2, MStatus* s)
-{
-    AttributePtr a = attributePtr(child1), b = attributePtr(child2);
-    if (!a || !b)
-    {
-        setStatus(s, MS::kInvalidParameter);
-        return MObject();
-    }
-    return created(fObject, makeNumericCompound(fullName.asChar(), briefName.asChar(), {a, b}), s);
-}
-
+// A compound of the given children; a null third child makes a pair.
 MObject MFnNumericAttribute::create(const MString& fullName, const MString& briefName, const MObject& child1,
                                     const MObject& child2, const MObject& child3, MStatus* s)
 {
-    AttributePtr a = attributePtr(child1), b = attributePtr(child2), c = attributePtr(child3);
-    if (!a || !b || !c)
+    std::vector<AttributePtr> children{attributePtr(child1), attributePtr(child2)};
+    if (!child3.isNull())
+        children.push_back(attributePtr(child3));
+    if (std::find(children.begin(), children.end(), nullptr) != children.end())
     {
         setStatus(s, MS::kInvalidParameter);
         return MObject();
     }
-    return created(fObject, makeNumericCompound(fullName.asChar(), briefName.asChar(), {a, b, c}), s);
+    return created(fObject, makeNumericCompound(fullName.asChar(), briefName.asChar(), children), s);
+}
+
+MObject MFnNumericAttribute::create(const MString& fullName, const MString& briefName, const MObject& child1,
+                                    const MObject& child2, const MObject& child3, const MObject& child4,
+                                    MStatus* s)
+{
+    std::vector<AttributePtr> children{attributePtr(child1), attributePtr(child2), attributePtr(child3),
+                                       attributePtr(child4)};
+    if (std::find(children.begin(), children.end(), nullptr) != children.end())
+    {
+        setStatus(s, MS::kInvalidParameter);
+        return MObject();
+    }
+    return created(fObject, makeNumericCompound(fullName.asChar(), briefName.asChar(), children), s);
 }
 
 MFnNumericData::Type MFnNumericAttribute::unitType(MStatus* s) const
@@ -343,14 +351,12 @@ MStatus MFnNumericAttribute::getDefault(bool& v)
     return status;
 }
 MStatus MFnNumericAttribute::getDefault(char& v) { return getDefaultAs(fObject, v); }
-MStatus MFnNumericAttribute::getDefault(short& v) { return getDefaultAs(fObject, v); }
 MStatus MFnNumericAttribute::getDefault(int& v) { return getDefaultAs(fObject, v); }
 MStatus MFnNumericAttribute::getDefault(MInt64& v) { return getDefaultAs(fObject, v); }
 MStatus MFnNumericAttribute::getDefault(float& v) { return getDefaultAs(fObject, v); }
 MStatus MFnNumericAttribute::getDefault(double& v) { return getDefaultNumber(fObject, v); }
 MStatus MFnNumericAttribute::setDefault(bool v) { return setDefaultNumber(fObject, v ? 1.0 : 0.0); }
 MStatus MFnNumericAttribute::setDefault(char v) { return setDefaultNumber(fObject, v); }
-MStatus MFnNumericAttribute::setDefault(short v) { return setDefaultNumber(fObject, v); }
 MStatus MFnNumericAttribute::setDefault(int v) { return setDefaultNumber(fObject, v); }
 MStatus MFnNumericAttribute::setDefault(MInt64 v) { return setDefaultNumber(fObject, static_cast<double>(v)); }
 MStatus MFnNumericAttribute::setDefault(float v) { return setDefaultNumber(fObject, v); }
@@ -465,13 +471,13 @@ MFnTypedAttribute::~MFnTypedAttribute() = default;
 MFn::Type MFnTypedAttribute::type() const { return MFn::kTypedAttribute; }
 
 MObject MFnTypedAttribute::create(const MString& fullName, const MString& briefName, const MTypeId&,
-                                  const MObject& defaultData, MStatus* s)
+                                  MObject defaultData, MStatus* s)
 {
     return create(fullName, briefName, MFnData::kPlugin, defaultData, s);
 }
 
 MObject MFnTypedAttribute::create(const MString& fullName, const MString& briefName, MFnData::Type dataType,
-                                  const MObject& defaultData, MStatus* s)
+                                  MObject defaultData, MStatus* s)
 {
     AttributePtr a = makeTyped(fullName.asChar(), briefName.asChar(), dataType);
     if (const DataObject* data = dataObject(defaultData))
@@ -688,7 +694,7 @@ MStatus MFnEnumAttribute::setDefault(short index)
     return setDefaultNumber(fObject, index);
 }
 
-MStatus MFnEnumAttribute::setDefaultByName(const MString& fieldString)
+MStatus MFnEnumAttribute::setDefault(const MString& fieldString)
 {
     MStatus status;
     const short index = fieldIndex(fieldString, &status);

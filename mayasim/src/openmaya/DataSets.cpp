@@ -3,6 +3,8 @@
 #include <maya/MFnMatrixData.h>
 #include <maya/MFnNumericData.h>
 #include <maya/MFnStringData.h>
+#include <maya/MString.h>
+#include <maya/MTransformationMatrix.h>
 
 #include "scene/Api.h"
 #include "scene/Value.h"
@@ -91,9 +93,9 @@ MStatus setNumbers(const MObject& object, std::vector<double> numbers)
 
 } // namespace
 
-MStatus MFnNumericData::getData(double& a, double& b) const { return getNumbers(fObject, {&a, &b}); }
-MStatus MFnNumericData::getData(double& a, double& b, double& c) const { return getNumbers(fObject, {&a, &b, &c}); }
-MStatus MFnNumericData::getData(double& a, double& b, double& c, double& d) const
+MStatus MFnNumericData::getData(double& a, double& b) { return getNumbers(fObject, {&a, &b}); }
+MStatus MFnNumericData::getData(double& a, double& b, double& c) { return getNumbers(fObject, {&a, &b, &c}); }
+MStatus MFnNumericData::getData(double& a, double& b, double& c, double& d)
 {
     return getNumbers(fObject, {&a, &b, &c, &d});
 }

@@ -1,7 +1,8 @@
 #include <maya/MFnBase.h>
+#include <maya/MObject.h>
 
-MFnBase::MFnBase() = default;
-MFnBase::~MFnBase() = default;
+MFnBase::MFnBase() : fObject(*new MObject()) {}
+MFnBase::~MFnBase() { delete &fObject; }
 
 MFn::Type MFnBase::type() const
 {

@@ -11,24 +11,24 @@
 
 using namespace mayasim;
 
-MFnDagNode::MFnDagNode() = default;
+MFnDagNode::MFnDagNode() : fPath(*new MDagPath()) {}
 
-MFnDagNode::MFnDagNode(MObject& object, MStatus* ReturnStatus)
+MFnDagNode::MFnDagNode(MObject& object, MStatus* ReturnStatus) : MFnDagNode()
 {
     setStatus(ReturnStatus, setObject(object).statusCode());
 }
 
-MFnDagNode::MFnDagNode(const MObject& object, MStatus* ReturnStatus)
+MFnDagNode::MFnDagNode(const MObject& object, MStatus* ReturnStatus) : MFnDagNode()
 {
     setStatus(ReturnStatus, setObject(object).statusCode());
 }
 
-MFnDagNode::MFnDagNode(const MDagPath& object, MStatus* ReturnStatus)
+MFnDagNode::MFnDagNode(const MDagPath& object, MStatus* ReturnStatus) : MFnDagNode()
 {
     setStatus(ReturnStatus, setObject(object).statusCode());
 }
 
-MFnDagNode::~MFnDagNode() = default;
+MFnDagNode::~MFnDagNode() { delete &fPath; }
 
 MFn::Type MFnDagNode::type() const
 {

@@ -5,7 +5,10 @@
 #include "scene/Plugs.h"
 #include "scene/Transform.h"
 
+#include <maya/MEulerRotation.h>
 #include <maya/MMatrix.h>
+#include <maya/MPoint.h>
+#include <maya/MQuaternion.h>
 
 using namespace mayasim;
 
@@ -152,16 +155,16 @@ MStatus MFnTransform::set(const MTransformationMatrix& transform)
 
 MVector MFnTransform::getTranslation(MSpace::Space space, MStatus* ReturnStatus) const
 {
-    return translation(space, ReturnStatus);
-}
-
-MVector MFnTransform::translation(MSpace::Space space, MStatus* ReturnStatus) const
-{
     NodePtr node = transformNode(fObject, ReturnStatus);
     if (!node)
         return MVector();
     const MVector t = transform::read(*node).translate;
     return space == MSpace::kWorld ? asVector(asPoint(t) * transform::parentMatrix(*node)) : t;
+}
+
+MVector MFnTransform::translation(MSpace::Space space, MStatus* ReturnStatus) const
+{
+    return getTranslation(space, ReturnStatus);
 }
 
 MStatus MFnTransform::setTranslation(const MVector& vec, MSpace::Space space)
@@ -176,7 +179,7 @@ MStatus MFnTransform::setTranslation(const MVector& vec, MSpace::Space space)
 MStatus MFnTransform::translateBy(const MVector& vec, MSpace::Space space)
 {
     MStatus status;
-    const MVector current = translation(space, &status);
+    const MVector current = getTranslation(space, &status);
     return status ? setTranslation(current + vec, space) : status;
 }
 

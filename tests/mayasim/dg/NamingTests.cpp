@@ -6,6 +6,7 @@
 #include <maya/MDGModifier.h>
 #include <maya/MDagPath.h>
 #include <maya/MFnDependencyNode.h>
+#include <maya/MUuid.h>
 
 using namespace dgtest;
 

@@ -4,8 +4,10 @@
 // with R in the node's rotate order and, for joints, R followed by JO.
 #include "DgTest.h"
 
+#include <maya/MEulerRotation.h>
 #include <maya/MFnTransform.h>
 #include <maya/MPoint.h>
+#include <maya/MVector.h>
 
 #include <cmath>
 
@@ -223,8 +225,8 @@ TEST_F(TransformTest, WorldTranslationSetterPlacesTheNodeInTheWorld)
     ASSERT_TRUE(fn.setTranslation(MVector(4, 1, 0), MSpace::kWorld));
     EXPECT_NEAR(worldMatrix("c")(3, 0), 4.0, 1e-12);
     EXPECT_NEAR(worldMatrix("c")(3, 1), 1.0, 1e-12);
-    EXPECT_NEAR(fn.translation(MSpace::kTransform).x, 2.0, 1e-12);
-    EXPECT_NEAR(fn.translation(MSpace::kTransform).y, -2.0, 1e-12);
+    EXPECT_NEAR(fn.getTranslation(MSpace::kTransform).x, 2.0, 1e-12);
+    EXPECT_NEAR(fn.getTranslation(MSpace::kTransform).y, -2.0, 1e-12);
 }
 
 } // namespace
