@@ -120,6 +120,13 @@ TEST_F(MirrorCmd, FramesMirroredByANegativeScaleOrOnlyPartlyMatching)
     ASSERT_TRUE(mel("setAttr foot_L_ctrl.t 1 2 3; setAttr foot_L_ctrl.r 10 20 30; OVMirror foot_L_ctrl"));
     EXPECT_THAT(values("foot_R_ctrl.t"), Pointwise(Near(), std::vector<double>{1, 2, -3}));
     EXPECT_THAT(values("foot_R_ctrl.r"), Pointwise(Near(), std::vector<double>{-10, -20, 30}));
+
+    // Rest frames alike, but the right hand turned about Y so that only the
+    // world Y axes agree: the world frames decide, as for the foot.
+    ASSERT_TRUE(mel("setAttr hand_R_ctrl.ry 180; setAttr hand_L_ctrl.t 4 1 2; setAttr hand_L_ctrl.r 10 20 30"));
+    ASSERT_TRUE(mel("OVMirror hand_L_ctrl"));
+    EXPECT_THAT(values("hand_R_ctrl.t"), Pointwise(Near(), std::vector<double>{4, 1, -2}));
+    EXPECT_THAT(values("hand_R_ctrl.r"), Pointwise(Near(), std::vector<double>{-10, -20, 30}));
 }
 
 TEST_F(MirrorCmd, SnapshotFreezesFactorsThatFixesFlipAndRemovalsForget)

@@ -162,6 +162,15 @@ TEST_F(SelectOppositeCmd, AutoSelectAddsOppositesUntilTurnedOff)
     ASSERT_TRUE(mel("OVSelectOpposite -das"));
     ASSERT_TRUE(mel("select -r arm_L_ctrl"));
     EXPECT_THAT(selected(), ElementsAre("arm_L_ctrl"));
+
+    // Unloading turns it off before the command goes.
+    ASSERT_TRUE(mel("OVSelectOpposite -aas"));
+    ASSERT_TRUE(MFileIO::newFile(true));
+    ASSERT_TRUE(MGlobal::executeCommand("unloadPlugin orvane"));
+    EXPECT_EQ(mayasim::host::callbackCount(), callbacks);
+    ASSERT_TRUE(mayasim::host::loadLinkedPlugin("orvane", initializePlugin, uninitializePlugin));
+    ASSERT_TRUE(mel("createNode transform -n a_L; createNode transform -n a_R; select -r a_L"));
+    EXPECT_THAT(selected(), ElementsAre("a_L"));
 }
 
 TEST_F(SelectOppositeCmd, CorruptPairsReadAsEmptyAndAreOverwritten)
