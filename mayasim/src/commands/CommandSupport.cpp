@@ -10,11 +10,6 @@ namespace mayasim::commands {
 
 namespace {
 
-std::string withoutRootNamespace(const std::string& name)
-{
-    return !name.empty() && name[0] == ':' ? name.substr(1) : name;
-}
-
 struct Range
 {
     std::string path; // with "[first]" in place of the range
@@ -66,8 +61,7 @@ MelError noMatch(const std::string& name)
 
 NodePtr node(const std::string& name)
 {
-    const std::string path = withoutRootNamespace(name);
-    std::vector<NodePtr> found = scene::hasWildcards(path) ? std::vector<NodePtr>() : scene::match(path);
+    std::vector<NodePtr> found = scene::hasWildcards(name) ? std::vector<NodePtr>() : scene::match(name);
     if (found.empty())
         throw noMatch(name);
     if (found.size() > 1)
@@ -91,11 +85,10 @@ std::vector<NodePtr> nodes(const std::vector<Word>& words, bool selectionByDefau
     std::vector<NodePtr> result;
     for (const Word& word : words)
     {
-        const std::string path = withoutRootNamespace(word.text);
-        std::vector<NodePtr> found = scene::match(path);
+        std::vector<NodePtr> found = scene::match(word.text);
         if (found.empty())
             throw noMatch(word.text);
-        if (!scene::hasWildcards(path) && found.size() > 1)
+        if (!scene::hasWildcards(word.text) && found.size() > 1)
             throw MelError("More than one object matches name: " + word.text);
         for (const auto& n : found)
             if (std::find(result.begin(), result.end(), n) == result.end())
@@ -114,7 +107,7 @@ std::vector<PlugRef> plugs(const std::string& text, const std::string& prefix)
     if (dot == 0)
         owners = selectedNodes();
     else
-        for (const auto& found : scene::match(withoutRootNamespace(text.substr(0, dot))))
+        for (const auto& found : scene::match(text.substr(0, dot)))
             owners.push_back(found);
     std::vector<PlugRef> result;
     for (const auto& owner : owners)

@@ -17,6 +17,7 @@ namespace mayasim {
 
 class Node;
 using NodePtr = std::shared_ptr<Node>;
+struct ReferenceOrigin; // scene/References.h
 
 // Identifies a plug within its node: the attribute and one logical index
 // per array attribute from the root attribute down (-1: no element chosen).
@@ -77,6 +78,10 @@ public:
 
     std::weak_ptr<Node> parent; // DAG parent; empty under the world
     std::vector<NodePtr> children;
+
+    // Set on a node read from a referenced file: it is read-only, and its
+    // changes since loading are the reference's edits.
+    std::shared_ptr<const ReferenceOrigin> origin;
 
     std::unique_ptr<MPxNode> user; // the plug-in's part of a plug-in node
     void setUser(MPxNode* instance);

@@ -1,7 +1,10 @@
 #include "scene/Scene.h"
 
+#include "scene/Namespaces.h"
+
 #include <algorithm>
 #include <cctype>
+#include <string_view>
 
 namespace mayasim::scene {
 
@@ -144,7 +147,9 @@ bool hasWildcards(const std::string& pattern)
     return pattern.find_first_of("*?") != std::string::npos;
 }
 
-bool wildcardMatch(const std::string& pattern, const std::string& text)
+namespace {
+
+bool globMatch(std::string_view pattern, std::string_view text)
 {
     // Iterative glob: remember the last '*' to backtrack to.
     size_t p = 0, t = 0, star = std::string::npos, mark = 0;
@@ -173,12 +178,35 @@ bool wildcardMatch(const std::string& pattern, const std::string& text)
     return p == pattern.size();
 }
 
+} // namespace
+
+bool wildcardMatch(const std::string& pattern, const std::string& text)
+{
+    // Wildcards stay within one namespace level, as Maya's lookups do:
+    // "*" matches "ctrl" but not "rig:ctrl".
+    if (std::count(pattern.begin(), pattern.end(), ':') != std::count(text.begin(), text.end(), ':'))
+        return false;
+    const std::string_view patternView(pattern);
+    const std::string_view textView(text);
+    for (size_t p = 0, t = 0;;)
+    {
+        const size_t patternEnd = pattern.find(':', p);
+        const size_t textEnd = text.find(':', t);
+        if (!globMatch(patternView.substr(p, patternEnd - p), textView.substr(t, textEnd - t)))
+            return false;
+        if (patternEnd == std::string::npos)
+            return true;
+        p = patternEnd + 1;
+        t = textEnd + 1;
+    }
+}
+
 std::vector<NodePtr> match(const std::string& pattern)
 {
     if (pattern.empty())
         return {};
     const bool absolute = pattern[0] == '|';
-    const std::vector<std::string> parts = split(absolute ? pattern.substr(1) : pattern, '|');
+    const std::vector<std::string> parts = split(ns::lookupPath(absolute ? pattern.substr(1) : pattern), '|');
     std::vector<NodePtr> result;
     for (const auto& node : state().nodes)
     {
@@ -297,7 +325,7 @@ std::string defaultName(const std::string& typeName, const Node* parent)
     // A DAG default name must not clash with any node, anywhere.
     for (long number = 1;; ++number)
     {
-        std::string candidate = typeName + std::to_string(number);
+        std::string candidate = ns::join(ns::current(), typeName + std::to_string(number));
         if (!nameTaken(candidate, nullptr, parent))
             return candidate;
     }
