@@ -103,6 +103,17 @@ BENCHMARK(WorldSpaceStep)
     ->Args({1, 10000})
     ->Unit(benchmark::kMillisecond);
 
+// Every key of every curve set once, as a blend step does.
+void setEveryValue(const std::vector<MObject>& curves, int keys, double x, MAnimCurveChange& change)
+{
+    for (const MObject& curve : curves) {
+        MFnAnimCurve fn(curve);
+        for (int k = 0; k < keys; ++k)
+            fn.setValue(static_cast<unsigned int>(k), x, &change);
+    }
+}
+
+// All passes recorded in one change, as a drag records its steps.
 void BareSetValueLoop(benchmark::State& state)
 {
     const int curveCount = static_cast<int>(state.range(0));
@@ -111,16 +122,29 @@ void BareSetValueLoop(benchmark::State& state)
     MAnimCurveChange change;
     double x = -1.0;
     for (auto _ : state) {
-        for (const MObject& curve : curves) {
-            MFnAnimCurve fn(curve);
-            for (int k = 0; k < keys; ++k)
-                fn.setValue(static_cast<unsigned int>(k), x, &change);
-        }
+        setEveryValue(curves, keys, x, change);
         x = x > 1.0 ? -1.0 : x + 0.01;
     }
     state.SetItemsProcessed(state.iterations() * curveCount * keys);
 }
 BENCHMARK(BareSetValueLoop)->Apply(shapeArgs)->Unit(benchmark::kMicrosecond);
+
+// Each pass in a change of its own, which records every key for the first
+// time: what the change log's growth costs.
+void BareSetValueLoopFreshChange(benchmark::State& state)
+{
+    const int curveCount = static_cast<int>(state.range(0));
+    const int keys = static_cast<int>(state.range(1));
+    const std::vector<MObject> curves = buildScene(curveCount, 1, keys);
+    double x = -1.0;
+    for (auto _ : state) {
+        MAnimCurveChange change;
+        setEveryValue(curves, keys, x, change);
+        x = x > 1.0 ? -1.0 : x + 0.01;
+    }
+    state.SetItemsProcessed(state.iterations() * curveCount * keys);
+}
+BENCHMARK(BareSetValueLoopFreshChange)->Args({1000, 100})->Args({10, 10000})->Unit(benchmark::kMicrosecond);
 
 // The press: one collection over N animated channels (10 per object).
 void CollectAtPress(benchmark::State& state)

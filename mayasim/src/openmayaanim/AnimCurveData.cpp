@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <deque>
 
 namespace mayasim::anim {
 
@@ -361,13 +362,17 @@ AnimCurveData::Sample AnimCurveData::sampleInfinity(double input) const
 
 // How far a tangent reaches in time: to the neighbour on its side, or at an
 // end to the neighbour on the other side; 1 on a curve of one key.
+double AnimCurveData::spanOf(const Key* prev, const Key& k, const Key* next, Side side)
+{
+    if (prev && (side == Side::In || !next))
+        return k.input - prev->input;
+    return next ? next->input - k.input : 1.0;
+}
+
 double AnimCurveData::spanOf(std::size_t index, Side side) const
 {
-    const bool hasPrev = index > 0;
-    const bool hasNext = index + 1 < fKeys.size();
-    if (hasPrev && (side == Side::In || !hasNext))
-        return fKeys[index].input - fKeys[index - 1].input;
-    return hasNext ? fKeys[index + 1].input - fKeys[index].input : 1.0;
+    return spanOf(index > 0 ? &fKeys[index - 1] : nullptr, fKeys[index],
+                  index + 1 < fKeys.size() ? &fKeys[index + 1] : nullptr, side);
 }
 
 TangentType AnimCurveData::resolved(TangentType type, Side side)
@@ -377,11 +382,8 @@ TangentType AnimCurveData::resolved(TangentType type, Side side)
     return side == Side::In ? defaultTangentTypes().in : defaultTangentTypes().out;
 }
 
-Tangent AnimCurveData::computedTangent(std::size_t index, Side side) const
+Tangent AnimCurveData::computedTangent(const Key* prev, const Key& k, const Key* next, Side side)
 {
-    const Key& k = fKeys[index];
-    const Key* prev = index > 0 ? &fKeys[index - 1] : nullptr;
-    const Key* next = index + 1 < fKeys.size() ? &fKeys[index + 1] : nullptr;
     const Key* own = side == Side::In ? prev : next; // the neighbour on this side
     const Key* only = prev ? prev : next;
 
@@ -389,7 +391,7 @@ Tangent AnimCurveData::computedTangent(std::size_t index, Side side) const
         return n.input < k.input ? Tangent{k.input - n.input, k.value - n.value}
                                  : Tangent{n.input - k.input, n.value - k.value};
     };
-    const double span = spanOf(index, side);
+    const double span = spanOf(prev, k, next, side);
     const Tangent flat{span, 0.0};
     // Spline: the slope from neighbour to neighbour; an end key points at its only neighbour.
     auto smooth = [&]() {
@@ -480,13 +482,21 @@ Tangent AnimCurveData::stored(Tangent tangent) const
 void AnimCurveData::refreshTangents(std::size_t first, std::size_t last)
 {
     last = std::min(last, fKeys.size());
+    if (first >= last)
+        return;
+    // A key's tangents follow its neighbours' inputs and values only, so the
+    // window is walked with each key looked up once.
+    const Key* prev = first > 0 ? &fKeys[first - 1] : nullptr;
+    Key* k = &fKeys[first];
     for (std::size_t i = first; i < last; ++i)
     {
-        Key& k = fKeys[i];
-        if (k.inType != TangentType::Fixed)
-            k.in = stored(computedTangent(i, Side::In));
-        if (k.outType != TangentType::Fixed)
-            k.out = stored(computedTangent(i, Side::Out));
+        Key* next = i + 1 < fKeys.size() ? &fKeys[i + 1] : nullptr;
+        if (k->inType != TangentType::Fixed)
+            k->in = stored(computedTangent(prev, *k, next, Side::In));
+        if (k->outType != TangentType::Fixed)
+            k->out = stored(computedTangent(prev, *k, next, Side::Out));
+        prev = k;
+        k = next;
     }
 }
 
@@ -523,26 +533,60 @@ void setEditObserver(EditObserver observer)
     editObserver() = observer;
 }
 
+namespace {
+
+// Edits are described in buffers kept from edit to edit, so describing one
+// allocates nothing once they have grown. An edit made while another is
+// being reported (a callback editing a curve) takes the next level's.
+class EditBuffer
+{
+public:
+    EditBuffer()
+    {
+        if (levels().size() == depth())
+            levels().emplace_back();
+        fEdit = &levels()[depth()++];
+    }
+    ~EditBuffer() { --depth(); }
+    EditBuffer(const EditBuffer&) = delete;
+    EditBuffer& operator=(const EditBuffer&) = delete;
+    CurveEdit& edit() { return *fEdit; }
+
+private:
+    static std::deque<CurveEdit>& levels()
+    {
+        static std::deque<CurveEdit> buffers; // a deque keeps them in place as it grows
+        return buffers;
+    }
+    static std::size_t& depth()
+    {
+        static std::size_t inUse = 0;
+        return inUse;
+    }
+    CurveEdit* fEdit;
+};
+
+} // namespace
+
 template <class Change>
 void AnimCurveData::edit(std::size_t first, std::size_t count, EditSink* sink, Change&& change)
 {
-    CurveEdit record;
-    const bool recording = sink || editObserver();
-    if (recording)
+    if (!sink && !editObserver())
+        change();
+    else
     {
+        EditBuffer buffer;
+        CurveEdit& record = buffer.edit();
         record.first = first;
-        record.before = fKeys.slice(first, count);
+        fKeys.copyOut(first, count, record.before);
         record.settingsBefore = fSettings;
-    }
-    const std::ptrdiff_t grown = change();
-    if (recording)
-    {
-        record.after = fKeys.slice(first, static_cast<std::size_t>(static_cast<std::ptrdiff_t>(count) + grown));
+        const std::ptrdiff_t grown = change();
+        fKeys.copyOut(first, static_cast<std::size_t>(static_cast<std::ptrdiff_t>(count) + grown), record.after);
         record.settingsAfter = fSettings;
         if (editObserver())
             editObserver()(*this, record);
         if (sink)
-            sink->record(*this, std::move(record));
+            sink->record(*this, record);
     }
     if (fListener)
         fListener();

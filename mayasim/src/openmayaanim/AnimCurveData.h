@@ -112,12 +112,13 @@ struct CurveEdit
 
 class AnimCurveData;
 
-// Receives every edit as it is made (an MAnimCurveChange's log).
+// Receives every edit as it is made (an MAnimCurveChange's log). The edit
+// lives only for the call: the curve reuses its buffers.
 class EditSink
 {
 public:
     virtual ~EditSink() = default;
-    virtual void record(AnimCurveData& curve, CurveEdit edit) = 0;
+    virtual void record(AnimCurveData& curve, const CurveEdit& edit) = 0;
 };
 
 // Sees every change of any curve as it is made, undo and redo included (the
@@ -209,9 +210,11 @@ private:
     Sample sampleInfinity(double input) const;
     Sample sampleSpan(std::size_t left, double input) const;
 
+    // A key's span and computed tangent from the keys either side of it.
+    static double spanOf(const Key* prev, const Key& k, const Key* next, Side side);
     double spanOf(std::size_t index, Side side) const;
     static TangentType resolved(TangentType type, Side side);
-    Tangent computedTangent(std::size_t index, Side side) const;
+    static Tangent computedTangent(const Key* prev, const Key& k, const Key* next, Side side);
     Tangent stored(Tangent tangent) const;
     void refreshTangents(std::size_t first, std::size_t last);
     std::size_t insertionPoint(double input) const;

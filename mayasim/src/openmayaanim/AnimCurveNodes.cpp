@@ -5,7 +5,7 @@
 #include "scene/Evaluation.h"
 #include "scene/NodeType.h"
 
-#include <map>
+#include <unordered_map>
 
 namespace mayasim::anim {
 
@@ -100,9 +100,9 @@ struct Held
 
 // Curves by node. An entry is only trusted while its node lives, as a new
 // node may come to the address of a destroyed one.
-std::map<const Node*, Held>& curves()
+std::unordered_map<const Node*, Held>& curves()
 {
-    static std::map<const Node*, Held> table;
+    static std::unordered_map<const Node*, Held> table;
     return table;
 }
 
@@ -115,16 +115,18 @@ const CurveKind* curveKind(int animCurveType)
 
 const CurveKind* curveKind(const Node& node)
 {
-    for (const CurveKind& kind : kKinds)
-        if (node.type()->name == kind.typeName)
-            return &kind;
+    // Only these types have these api types.
+    for (std::size_t i = 0; i < std::size(kKinds); ++i)
+        if (node.type()->apiType == kApiTypes[i])
+            return &kKinds[i];
     return nullptr;
 }
 
 std::shared_ptr<AnimCurveData> curveData(Node& node)
 {
+    // An entry whose node lives is this node's: no two live nodes share an address.
     auto found = curves().find(&node);
-    if (found != curves().end() && found->second.node.lock().get() == &node)
+    if (found != curves().end() && !found->second.node.expired())
         return found->second.data;
     for (auto it = curves().begin(); it != curves().end();)
         it = it->second.node.expired() ? curves().erase(it) : std::next(it);

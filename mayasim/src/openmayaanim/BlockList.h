@@ -85,19 +85,27 @@ public:
     std::vector<T> slice(std::size_t first, std::size_t count) const
     {
         std::vector<T> result;
-        result.reserve(count);
+        copyOut(first, count, result);
+        return result;
+    }
+
+    // Elements [first, first + count) into `into`, which keeps its capacity
+    // (a buffer reused from call to call allocates nothing once grown).
+    void copyOut(std::size_t first, std::size_t count, std::vector<T>& into) const
+    {
+        into.clear();
+        into.reserve(count);
         if (count == 0)
-            return result;
+            return;
         Position at = locate(first);
-        while (result.size() < count)
+        while (into.size() < count)
         {
             const std::vector<T>& items = fBlocks[at.block];
-            const std::size_t take = std::min(items.size() - at.offset, count - result.size());
+            const std::size_t take = std::min(items.size() - at.offset, count - into.size());
             const auto from = items.begin() + static_cast<std::ptrdiff_t>(at.offset);
-            result.insert(result.end(), from, from + static_cast<std::ptrdiff_t>(take));
+            into.insert(into.end(), from, from + static_cast<std::ptrdiff_t>(take));
             at = {at.block + 1, 0};
         }
-        return result;
     }
 
     // The position of the first element for which `before` is false; the

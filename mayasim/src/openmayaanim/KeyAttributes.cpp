@@ -271,7 +271,7 @@ private:
         (fField == Field::InX || fField == Field::OutX ? tangent.x : tangent.y) = fNumber;
         CurveEdit edit{index, {curve.key(index)}, {key}, curve.settings(), curve.settings()};
         curve.apply(edit, true);
-        fLog.record(curve, std::move(edit));
+        fLog.record(curve, edit);
     }
 
     void announce()

@@ -9,34 +9,6 @@ ChangeLog* ChangeLog::of(MAnimCurveChange* change)
     return change ? change->fLog.get() : nullptr;
 }
 
-void ChangeLog::record(AnimCurveData& curve, CurveEdit edit)
-{
-    if (fUndone)
-    {
-        fEntries.clear();
-        fUndone = false;
-    }
-    fEntries.push_back({curve.shared_from_this(), std::move(edit)});
-}
-
-void ChangeLog::undo()
-{
-    if (fUndone)
-        return;
-    for (auto entry = fEntries.rbegin(); entry != fEntries.rend(); ++entry)
-        entry->curve->apply(entry->edit, false);
-    fUndone = true;
-}
-
-void ChangeLog::redo()
-{
-    if (!fUndone)
-        return;
-    for (Entry& entry : fEntries)
-        entry.curve->apply(entry.edit, true);
-    fUndone = false;
-}
-
 } // namespace mayasim::anim
 
 MAnimCurveChange::MAnimCurveChange(MStatus* ReturnStatus) : fLog(std::make_shared<mayasim::anim::ChangeLog>())

@@ -12,7 +12,8 @@
 #include <maya/MObjectArray.h>
 
 #include <algorithm>
-#include <map>
+#include <cstdint>
+#include <unordered_map>
 
 namespace mayasim::anim {
 
@@ -20,8 +21,9 @@ namespace {
 
 struct Pending
 {
-    std::vector<std::shared_ptr<KeyframeDelta>> deltas;
-    std::vector<MObject> curves;
+    std::vector<KeyframeDelta> deltas; // objects are made of them at delivery
+    std::vector<MObject> curves;       // in the order of their first edit
+    std::uint64_t delivery = 0;        // counts deliveries, so a curve is listed once in each
     bool scheduled = false;
 };
 
@@ -31,65 +33,72 @@ Pending& pending()
     return state;
 }
 
-// The scene node that holds a curve's keys; nodes are remembered, as a
-// curve is usually edited many times in a row.
-MObject nodeOf(AnimCurveData& curve)
+// What the messages keep of a curve: the scene node that holds its keys
+// (a curve is usually edited many times in a row) and the delivery that
+// last listed it.
+struct Known
 {
-    static std::map<const AnimCurveData*, std::weak_ptr<Node>> known;
+    std::weak_ptr<Node> node;
+    std::uint64_t listedIn = ~std::uint64_t{0};
+};
+
+Known* knownOf(AnimCurveData& curve)
+{
+    static std::unordered_map<const AnimCurveData*, Known> known;
     const auto holds = [&curve](const NodePtr& node) {
         return node && curveKind(*node) && curveData(*node).get() == &curve;
     };
-    if (NodePtr node = known[&curve].lock(); holds(node))
-        return objectOf(node.get());
+    // A node found once keeps its keys while it lives, and they keep their address.
+    Known& entry = known[&curve];
+    if (!entry.node.expired())
+        return &entry;
     for (const NodePtr& node : scene::nodes())
         if (holds(node))
         {
-            known[&curve] = node;
-            return objectOf(node.get());
+            entry.node = node;
+            return &entry;
         }
     known.erase(&curve);
-    return MObject();
+    return nullptr;
 }
 
-std::shared_ptr<KeyframeDelta> delta(KeyframeDelta::Kind kind, const MObject& curve, std::size_t index)
+KeyframeDelta& delta(std::vector<KeyframeDelta>& out, KeyframeDelta::Kind kind, const MObject& curve,
+                     std::size_t index)
 {
-    return std::make_shared<KeyframeDelta>(kind, curve, static_cast<unsigned int>(index));
+    return out.emplace_back(kind, curve, static_cast<unsigned int>(index));
 }
 
 // Moves and tangent changes of a key that stays on the curve, or a key set
 // over it.
-void compareKey(std::vector<std::shared_ptr<KeyframeDelta>>& out, const MObject& curve, std::size_t index,
-                const Key& before, const Key& after, bool replaced)
+void compareKey(std::vector<KeyframeDelta>& out, const MObject& curve, std::size_t index, const Key& before,
+                const Key& after, bool replaced)
 {
     if (replaced)
     {
-        auto key = delta(KeyframeDelta::Kind::AddRemove, curve, index);
-        key->addRemove = KeyframeDelta::Replaced;
-        key->input = after.input;
-        key->previousValue = before.value;
-        key->value = after.value;
-        out.push_back(key);
+        KeyframeDelta& key = delta(out, KeyframeDelta::Kind::AddRemove, curve, index);
+        key.addRemove = KeyframeDelta::Replaced;
+        key.input = after.input;
+        key.previousValue = before.value;
+        key.value = after.value;
     }
     else if (before.input != after.input || before.value != after.value)
     {
-        auto move = delta(KeyframeDelta::Kind::Move, curve, index);
-        move->previousIndex = static_cast<unsigned int>(index);
-        move->previousInput = before.input;
-        move->input = after.input;
-        move->previousValue = before.value;
-        move->value = after.value;
-        out.push_back(move);
+        KeyframeDelta& move = delta(out, KeyframeDelta::Kind::Move, curve, index);
+        move.previousIndex = static_cast<unsigned int>(index);
+        move.previousInput = before.input;
+        move.input = after.input;
+        move.previousValue = before.value;
+        move.value = after.value;
     }
     for (Side side : {Side::In, Side::Out})
         if (before.type(side) != after.type(side) || !(before.tangent(side) == after.tangent(side)))
         {
-            auto tangent = delta(KeyframeDelta::Kind::Tangent, curve, index);
-            tangent->side = side;
-            tangent->previousType = before.type(side);
-            tangent->type = after.type(side);
-            tangent->previousTangent = before.tangent(side);
-            tangent->tangent = after.tangent(side);
-            out.push_back(tangent);
+            KeyframeDelta& tangent = delta(out, KeyframeDelta::Kind::Tangent, curve, index);
+            tangent.side = side;
+            tangent.previousType = before.type(side);
+            tangent.type = after.type(side);
+            tangent.previousTangent = before.tangent(side);
+            tangent.tangent = after.tangent(side);
         }
 }
 
@@ -103,24 +112,22 @@ std::size_t partingPoint(const std::vector<Key>& longer, const std::vector<Key>&
     return at;
 }
 
-void describe(std::vector<std::shared_ptr<KeyframeDelta>>& out, const MObject& curve, const AnimCurveData& data,
-              const CurveEdit& edit)
+void describe(std::vector<KeyframeDelta>& out, const MObject& curve, const AnimCurveData& data, const CurveEdit& edit)
 {
     const CurveSettings& was = edit.settingsBefore;
     const CurveSettings& is = edit.settingsAfter;
     if (was.weighted != is.weighted)
-        out.emplace_back(delta(KeyframeDelta::Kind::Weighted, curve, 0))->wasWeighted = was.weighted;
+        delta(out, KeyframeDelta::Kind::Weighted, curve, 0).wasWeighted = was.weighted;
     for (Side side : {Side::In, Side::Out})
     {
         const InfinityType before = side == Side::In ? was.preInfinity : was.postInfinity;
         const InfinityType after = side == Side::In ? is.preInfinity : is.postInfinity;
         if (before == after)
             continue;
-        auto infinity = delta(KeyframeDelta::Kind::Infinity, curve, 0);
-        infinity->side = side;
-        infinity->previousInfinity = before;
-        infinity->infinity = after;
-        out.push_back(infinity);
+        KeyframeDelta& infinity = delta(out, KeyframeDelta::Kind::Infinity, curve, 0);
+        infinity.side = side;
+        infinity.previousInfinity = before;
+        infinity.infinity = after;
     }
 
     const std::vector<Key>& before = edit.before;
@@ -137,11 +144,10 @@ void describe(std::vector<std::shared_ptr<KeyframeDelta>>& out, const MObject& c
     const std::vector<Key>& longer = added ? after : before;
     const std::vector<Key>& shorter = added ? before : after;
     const std::size_t at = partingPoint(longer, shorter);
-    auto change = delta(KeyframeDelta::Kind::AddRemove, curve, edit.first + at);
-    change->addRemove = added ? KeyframeDelta::Added : KeyframeDelta::Removed;
-    change->input = longer[at].input;
-    change->value = longer[at].value;
-    out.push_back(change);
+    KeyframeDelta& change = delta(out, KeyframeDelta::Kind::AddRemove, curve, edit.first + at);
+    change.addRemove = added ? KeyframeDelta::Added : KeyframeDelta::Removed;
+    change.input = longer[at].input;
+    change.value = longer[at].value;
     for (std::size_t i = 0; i < shorter.size(); ++i)
     {
         const std::size_t inLonger = i < at ? i : i + 1;
@@ -154,13 +160,17 @@ void curveEdited(AnimCurveData& curve, const CurveEdit& edit)
 {
     if (file::reading())
         return; // a scene being read is no edit
-    const MObject node = nodeOf(curve);
-    if (node.isNull())
+    Known* known = knownOf(curve);
+    if (!known)
         return;
+    const MObject node = objectOf(known->node.lock().get());
     Pending& p = pending();
     describe(p.deltas, node, curve, edit);
-    if (std::find(p.curves.begin(), p.curves.end(), node) == p.curves.end())
+    if (known->listedIn != p.delivery)
+    {
+        known->listedIn = p.delivery;
         p.curves.push_back(node);
+    }
     if (!p.scheduled)
     {
         p.scheduled = true;
@@ -207,14 +217,25 @@ bool KeyReplacement::active(const AnimCurveData& curve, double input)
 
 void deliverKeyEdits()
 {
-    Pending p = std::move(pending());
-    pending() = Pending{};
+    Pending& p = pending();
+    p.scheduled = false;
+    ++p.delivery;
+    // Objects are made only for a message someone listens to; all deltas of
+    // a delivery share one block.
     MObjectArray deltas;
-    for (const auto& d : p.deltas)
-        deltas.append(MObject(d));
+    if (!p.deltas.empty() && !callbacks::registered(callbacks::Channel::AnimKeyframeEdited).empty())
+    {
+        auto block = std::make_shared<std::vector<KeyframeDelta>>(std::move(p.deltas));
+        for (KeyframeDelta& d : *block)
+            deltas.append(MObject(std::shared_ptr<Object>(block, &d)));
+    }
     MObjectArray curves;
-    for (const MObject& curve : p.curves)
-        curves.append(curve);
+    if (!p.curves.empty() && !callbacks::registered(callbacks::Channel::AnimCurveEdited).empty())
+        for (const MObject& curve : p.curves)
+            curves.append(curve);
+    // Callbacks may edit curves again: those edits are the next delivery's.
+    p.deltas.clear();
+    p.curves.clear();
     if (deltas.length() > 0)
         fireWith(callbacks::Channel::AnimKeyframeEdited, deltas);
     if (curves.length() > 0)

@@ -18,12 +18,46 @@ struct State
     bool operator==(const State& other) const { return keys == other.keys && settings == other.settings; }
 };
 
+const TangentType kTypes[] = {TangentType::Fixed,   TangentType::Linear,   TangentType::Flat,
+                              TangentType::Smooth,  TangentType::Step,     TangentType::Clamped,
+                              TangentType::Plateau, TangentType::StepNext, TangentType::Auto};
+
 State stateOf(const AnimCurveData& curve)
 {
     State state{{}, curve.settings()};
     for (std::size_t i = 0; i < curve.size(); ++i)
         state.keys.push_back(curve.key(i));
     return state;
+}
+
+// Five keys of random values and tangent types.
+std::shared_ptr<AnimCurveData> randomCurve(std::mt19937& random)
+{
+    std::uniform_real_distribution<double> unit(0.0, 1.0);
+    auto curve = std::make_shared<AnimCurveData>(true);
+    for (int k = 0; k < 5; ++k)
+        curve->addKey(k, unit(random), kTypes[random() % 9], kTypes[random() % 9], nullptr);
+    return curve;
+}
+
+// One edit of any kind, at a random key, mostly value edits (as drags make).
+void randomEdit(std::mt19937& random, AnimCurveData& curve, EditSink* log)
+{
+    std::uniform_real_distribution<double> unit(0.0, 1.0);
+    const std::size_t index = curve.size() ? random() % curve.size() : 0;
+    const Side side = random() % 2 ? Side::In : Side::Out;
+    switch (random() % 12)
+    {
+    case 0: curve.addKey(10 * unit(random), unit(random), kTypes[random() % 9], kTypes[random() % 9], log); break;
+    case 1: curve.insertKey(10 * unit(random), random() % 2, log); break;
+    case 2: curve.remove(index, log); break;
+    case 3: curve.setInput(index, 10 * unit(random), log); break;
+    case 4: curve.setTangent(index, side, {unit(random), unit(random) - 0.5}, log); break;
+    case 5: curve.setTangentType(index, side, kTypes[random() % 9], log); break;
+    case 6: curve.setWeighted(random() % 2, log); break;
+    case 7: curve.setInfinity(side, static_cast<InfinityType>(random() % 2 ? 4 : 5), log); break;
+    default: curve.setValue(index, unit(random), log); break;
+    }
 }
 
 } // namespace
@@ -100,34 +134,14 @@ TEST(CurveChange, UndoAndRedoTellTheCurvesOwner)
 TEST(CurveChange, RandomEditSequencesUndoExactly)
 {
     std::mt19937 random(5);
-    std::uniform_real_distribution<double> unit(0.0, 1.0);
-    const TangentType types[] = {TangentType::Fixed,  TangentType::Linear,  TangentType::Flat,
-                                 TangentType::Smooth, TangentType::Step,    TangentType::Clamped,
-                                 TangentType::Plateau, TangentType::StepNext, TangentType::Auto};
     for (int trial = 0; trial < 20; ++trial)
     {
-        auto curve = std::make_shared<AnimCurveData>(true);
-        for (int k = 0; k < 5; ++k)
-            curve->addKey(k, unit(random), types[random() % 9], types[random() % 9], nullptr);
+        auto curve = randomCurve(random);
         std::vector<State> states{stateOf(*curve)};
         std::vector<MAnimCurveChange> changes(60);
         for (MAnimCurveChange& change : changes)
         {
-            EditSink* log = ChangeLog::of(&change);
-            const std::size_t index = curve->size() ? random() % curve->size() : 0;
-            const Side side = random() % 2 ? Side::In : Side::Out;
-            switch (random() % 9)
-            {
-            case 0: curve->addKey(10 * unit(random), unit(random), types[random() % 9], types[random() % 9], log); break;
-            case 1: curve->insertKey(10 * unit(random), random() % 2, log); break;
-            case 2: curve->remove(index, log); break;
-            case 3: curve->setValue(index, unit(random), log); break;
-            case 4: curve->setInput(index, 10 * unit(random), log); break;
-            case 5: curve->setTangent(index, side, {unit(random), unit(random) - 0.5}, log); break;
-            case 6: curve->setTangentType(index, side, types[random() % 9], log); break;
-            case 7: curve->setWeighted(random() % 2, log); break;
-            default: curve->setInfinity(side, static_cast<InfinityType>(random() % 2 ? 4 : 5), log); break;
-            }
+            randomEdit(random, *curve, ChangeLog::of(&change));
             states.push_back(stateOf(*curve));
         }
         for (std::size_t i = changes.size(); i-- > 0;)
@@ -139,6 +153,38 @@ TEST(CurveChange, RandomEditSequencesUndoExactly)
         {
             changes[i].redoIt();
             ASSERT_TRUE(stateOf(*curve) == states[i + 1]) << "trial " << trial << " redo " << i;
+        }
+    }
+}
+
+// A drag records the same keys again at every step into one change, which
+// folds them: undo must still give back each key's first state and redo its
+// last, around key additions and removals and across curves, and edits
+// recorded after a redo join the folds.
+TEST(CurveChange, ManyEditsOfTheSameKeysInOneChangeUndoExactly)
+{
+    std::mt19937 random(11);
+    for (int trial = 0; trial < 20; ++trial)
+    {
+        std::vector<std::shared_ptr<AnimCurveData>> curves{randomCurve(random), randomCurve(random),
+                                                           randomCurve(random)};
+        const auto states = [&curves] {
+            std::vector<State> all;
+            for (const auto& curve : curves)
+                all.push_back(stateOf(*curve));
+            return all;
+        };
+        const std::vector<State> before = states();
+        MAnimCurveChange change;
+        for (int edits : {300, 100}) // the second round is recorded after a redo
+        {
+            for (int i = 0; i < edits; ++i)
+                randomEdit(random, *curves[random() % curves.size()], ChangeLog::of(&change));
+            const std::vector<State> after = states();
+            change.undoIt();
+            ASSERT_TRUE(states() == before) << "trial " << trial;
+            change.redoIt();
+            ASSERT_TRUE(states() == after) << "trial " << trial;
         }
     }
 }
