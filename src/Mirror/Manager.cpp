@@ -278,8 +278,10 @@ void Manager::mirror(const MSelectionList& selection, MDGModifier& modifier) con
             const MPlug targetPlug = target.findPlug(plug.partialName(), false);
             if (targetPlug.isNull() || targetPlug.isLocked())
                 continue;
-            const double factor = factorOf(factors, factorKey(object, plug), plug, frames);
-            values.emplace_back(targetPlug, plug.asDouble() * factor);
+            // A corrupt factor must not make a channel infinite.
+            const double value = plug.asDouble() * factorOf(factors, factorKey(object, plug), plug, frames);
+            if (std::isfinite(value))
+                values.emplace_back(targetPlug, value);
         }
     }
     for (const auto& [plug, value] : values)

@@ -199,6 +199,10 @@ TEST_F(MirrorCmd, CorruptFilesReadAsEmpty)
     ASSERT_TRUE(writeBytes(factorsFile(), QByteArray("{not cbor")));
     ASSERT_TRUE(mel("setAttr hand_L_ctrl.t 4 1 2; OVMirror hand_L_ctrl"));
     EXPECT_THAT(values("hand_R_ctrl.t"), Pointwise(Near(), std::vector<double>{-4, 1, 2}));
+    // A factor far beyond a sign leaves the channel alone rather than infinite.
+    ASSERT_TRUE(File::IO::writeValue(QJsonObject{{"hand_L_ctrl.translateY", 1e308}}, factorsFile(), File::Format::Cbor));
+    ASSERT_TRUE(mel("setAttr hand_L_ctrl.ty 10; OVMirror hand_L_ctrl"));
+    EXPECT_THAT(values("hand_R_ctrl.t"), Pointwise(Near(), std::vector<double>{-4, 1, 2}));
     EXPECT_TRUE(result("OVMirror -s hand_L_ctrl"));
     EXPECT_EQ(factors().value("hand_L_ctrl.translateX").toDouble(), -1.0);
     EXPECT_TRUE(reports().empty());
