@@ -1,9 +1,10 @@
 #pragma once
-#include <maya/MAngle.h>
-#include <maya/MDoubleArray.h>
 #include <maya/MFnDependencyNode.h>
 #include <maya/MTime.h>
+#include <maya/MAngle.h>
+#include <maya/MDoubleArray.h>
 #include <maya/MTimeArray.h>
+#include <maya/MIntArray.h>
 
 OPENMAYA_MAJOR_NAMESPACE_OPEN
 
@@ -91,31 +92,31 @@ public:
     unsigned int numKeys(MStatus* ReturnStatus = NULL) const;
     MStatus remove(unsigned int index, MAnimCurveChange* change = NULL);
 
-    unsigned int addKey(MTime time, double value, TangentType tangentInType = kTangentGlobal,
+    unsigned int addKey(const MTime& time, double value, TangentType tangentInType = kTangentGlobal,
                         TangentType tangentOutType = kTangentGlobal, MAnimCurveChange* change = NULL,
                         MStatus* ReturnStatus = NULL);
-    unsigned int addKey(MTime timeInput, MTime timeValue, TangentType tangentInType = kTangentGlobal,
+    unsigned int addKey(const MTime& timeInput, const MTime& timeValue, TangentType tangentInType = kTangentGlobal,
                         TangentType tangentOutType = kTangentGlobal, MAnimCurveChange* change = NULL,
                         MStatus* ReturnStatus = NULL);
     unsigned int addKey(double unitlessInput, double value, TangentType tangentInType = kTangentGlobal,
                         TangentType tangentOutType = kTangentGlobal, MAnimCurveChange* change = NULL,
                         MStatus* ReturnStatus = NULL);
-    unsigned int addKey(double unitlessInput, MTime time, TangentType tangentInType = kTangentGlobal,
+    unsigned int addKey(double unitlessInput, const MTime& time, TangentType tangentInType = kTangentGlobal,
                         TangentType tangentOutType = kTangentGlobal, MAnimCurveChange* change = NULL,
                         MStatus* ReturnStatus = NULL);
-    unsigned int insertKey(MTime time, bool adjustTangents = false, MAnimCurveChange* change = NULL,
-                           MStatus* ReturnStatus = NULL);
+    unsigned int insertKey(const MTime& time, bool breakdown = false, MAnimCurveChange* change = nullptr,
+                           MStatus* ReturnStatus = nullptr);
 
-    bool find(MTime time, unsigned int& index, MStatus* ReturnStatus = NULL) const;
+    bool find(const MTime& time, unsigned int& index, MStatus* ReturnStatus = NULL) const;
     bool find(double unitlessInput, unsigned int& index, MStatus* ReturnStatus = NULL) const;
-    unsigned int findClosest(MTime time, MStatus* ReturnStatus = NULL) const;
+    unsigned int findClosest(const MTime& time, MStatus* ReturnStatus = NULL) const;
     unsigned int findClosest(double unitlessInput, MStatus* ReturnStatus = NULL) const;
 
     MTime time(unsigned int index, MStatus* ReturnStatus = NULL) const;
     double value(unsigned int index, MStatus* ReturnStatus = NULL) const;
     double unitlessInput(unsigned int index, MStatus* ReturnStatus = NULL) const;
     MStatus setValue(unsigned int index, double value, MAnimCurveChange* change = NULL);
-    MStatus setTime(unsigned int index, MTime time, MAnimCurveChange* change = NULL);
+    MStatus setTime(unsigned int index, const MTime& time, MAnimCurveChange* change = NULL);
     MStatus setUnitlessInput(unsigned int index, double unitlessInput, MAnimCurveChange* change = NULL);
 
     bool isTimeInput(MStatus* ReturnStatus = NULL) const;

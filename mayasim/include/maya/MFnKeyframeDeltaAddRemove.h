@@ -1,6 +1,5 @@
 #pragma once
 #include <maya/MFnKeyframeDelta.h>
-#include <maya/MTime.h>
 
 OPENMAYA_MAJOR_NAMESPACE_OPEN
 

@@ -1,6 +1,6 @@
 #pragma once
-#include <maya/MFnAnimCurve.h>
 #include <maya/MFnKeyframeDelta.h>
+#include <maya/MFnAnimCurve.h>
 
 OPENMAYA_MAJOR_NAMESPACE_OPEN
 

@@ -1,6 +1,6 @@
 #pragma once
-#include <maya/MFnAnimCurve.h>
 #include <maya/MFnKeyframeDelta.h>
+#include <maya/MFnAnimCurve.h>
 
 OPENMAYA_MAJOR_NAMESPACE_OPEN
 
@@ -16,8 +16,8 @@ public:
 
     MFnAnimCurve::TangentType previousTangentType(MStatus* ReturnStatus = NULL) const;
     MFnAnimCurve::TangentType currentTangentType(MStatus* ReturnStatus = NULL) const;
-    MStatus getPreviousPosition(float& x, float& y) const;
-    MStatus getCurrentPosition(float& x, float& y) const;
+    MStatus getPreviousPosition(MFnAnimCurve::TangentValue& x, MFnAnimCurve::TangentValue& y) const;
+    MStatus getCurrentPosition(MFnAnimCurve::TangentValue& x, MFnAnimCurve::TangentValue& y) const;
     bool isInTangent(MStatus* ReturnStatus = NULL) const;
 
     static const char* className();

@@ -6,8 +6,6 @@
 #include <maya/MPxNode.h>
 #include <maya/MDeprecate.h>
 #include <maya/MPlugin.h>
-#include <maya/MString.h>
-#include <maya/MTypeId.h>
 
 PLUGIN_EXPORT MStatus initializePlugin(MObject obj);
 PLUGIN_EXPORT MStatus uninitializePlugin(MObject obj);
@@ -41,6 +39,13 @@ public:
     static MObject findPlugin(const MString& pluginName);
 
     static const char* className();
+
+private:
+    MFnPlugin(const MObject& object, const char* vendor = "Unknown", const char* version = "Unknown",
+              const char* requiredApiVersion = "Any", MStatus* ReturnStatus = 0L);
+    MFnPlugin& operator=(const MFnPlugin&);
+    MFnPlugin* operator&() const;
+    MFnPlugin* operator&();
 };
 
 OPENMAYA_NAMESPACE_CLOSE

@@ -239,23 +239,25 @@ MFnAnimCurve::TangentType MFnKeyframeDeltaTangent::currentTangentType(MStatus* R
                 [](const KeyframeDelta& d) { return static_cast<MFnAnimCurve::TangentType>(d.type); });
 }
 
-MStatus MFnKeyframeDeltaTangent::getPreviousPosition(float& x, float& y) const
+MStatus MFnKeyframeDeltaTangent::getPreviousPosition(MFnAnimCurve::TangentValue& x,
+                                                     MFnAnimCurve::TangentValue& y) const
 {
     MStatus status;
     const mayasim::anim::Tangent t =
         read(fObject, &status, mayasim::anim::Tangent{}, [](const KeyframeDelta& d) { return d.previousTangent; });
-    x = static_cast<float>(t.x);
-    y = static_cast<float>(t.y);
+    x = t.x;
+    y = t.y;
     return status;
 }
 
-MStatus MFnKeyframeDeltaTangent::getCurrentPosition(float& x, float& y) const
+MStatus MFnKeyframeDeltaTangent::getCurrentPosition(MFnAnimCurve::TangentValue& x,
+                                                    MFnAnimCurve::TangentValue& y) const
 {
     MStatus status;
     const mayasim::anim::Tangent t =
         read(fObject, &status, mayasim::anim::Tangent{}, [](const KeyframeDelta& d) { return d.tangent; });
-    x = static_cast<float>(t.x);
-    y = static_cast<float>(t.y);
+    x = t.x;
+    y = t.y;
     return status;
 }
 

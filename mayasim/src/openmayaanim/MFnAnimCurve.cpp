@@ -413,7 +413,7 @@ unsigned int MFnAnimCurve::numKeys(MStatus* ReturnStatus) const
                  [](const Curve& curve, MStatus&) { return static_cast<unsigned int>(curve.data->size()); });
 }
 
-bool MFnAnimCurve::find(MTime time, unsigned int& index, MStatus* ReturnStatus) const
+bool MFnAnimCurve::find(const MTime& time, unsigned int& index, MStatus* ReturnStatus) const
 {
     return findAt(fObject, true, secondsOf(time), index, ReturnStatus);
 }
@@ -423,7 +423,7 @@ bool MFnAnimCurve::find(double unitlessInput, unsigned int& index, MStatus* Retu
     return findAt(fObject, false, unitlessInput, index, ReturnStatus);
 }
 
-unsigned int MFnAnimCurve::findClosest(MTime time, MStatus* ReturnStatus) const
+unsigned int MFnAnimCurve::findClosest(const MTime& time, MStatus* ReturnStatus) const
 {
     return closestTo(fObject, true, secondsOf(time), ReturnStatus);
 }
@@ -478,13 +478,13 @@ MStatus MFnAnimCurve::remove(unsigned int index, MAnimCurveChange* change)
     });
 }
 
-unsigned int MFnAnimCurve::addKey(MTime time, double value, TangentType tangentInType, TangentType tangentOutType,
-                                  MAnimCurveChange* change, MStatus* ReturnStatus)
+unsigned int MFnAnimCurve::addKey(const MTime& time, double value, TangentType tangentInType,
+                                  TangentType tangentOutType, MAnimCurveChange* change, MStatus* ReturnStatus)
 {
     return addKeyAt(fObject, true, secondsOf(time), value, tangentInType, tangentOutType, change, ReturnStatus);
 }
 
-unsigned int MFnAnimCurve::addKey(MTime timeInput, MTime timeValue, TangentType tangentInType,
+unsigned int MFnAnimCurve::addKey(const MTime& timeInput, const MTime& timeValue, TangentType tangentInType,
                                   TangentType tangentOutType, MAnimCurveChange* change, MStatus* ReturnStatus)
 {
     return addKeyAt(fObject, true, secondsOf(timeInput), secondsOf(timeValue), tangentInType, tangentOutType, change,
@@ -497,14 +497,15 @@ unsigned int MFnAnimCurve::addKey(double unitlessInput, double value, TangentTyp
     return addKeyAt(fObject, false, unitlessInput, value, tangentInType, tangentOutType, change, ReturnStatus);
 }
 
-unsigned int MFnAnimCurve::addKey(double unitlessInput, MTime time, TangentType tangentInType,
+unsigned int MFnAnimCurve::addKey(double unitlessInput, const MTime& time, TangentType tangentInType,
                                   TangentType tangentOutType, MAnimCurveChange* change, MStatus* ReturnStatus)
 {
     return addKeyAt(fObject, false, unitlessInput, secondsOf(time), tangentInType, tangentOutType, change,
                     ReturnStatus);
 }
 
-unsigned int MFnAnimCurve::insertKey(MTime time, bool adjustTangents, MAnimCurveChange* change, MStatus* ReturnStatus)
+unsigned int MFnAnimCurve::insertKey(const MTime& time, bool adjustTangents, MAnimCurveChange* change,
+                                     MStatus* ReturnStatus)
 {
     unsigned int index = 0;
     MStatus status = editCurve(fObject, [&](const Curve& curve) -> MStatus {
@@ -525,7 +526,7 @@ MStatus MFnAnimCurve::setValue(unsigned int index, double value, MAnimCurveChang
     });
 }
 
-MStatus MFnAnimCurve::setTime(unsigned int index, MTime time, MAnimCurveChange* change)
+MStatus MFnAnimCurve::setTime(unsigned int index, const MTime& time, MAnimCurveChange* change)
 {
     return setInputOf(fObject, index, true, secondsOf(time), change);
 }

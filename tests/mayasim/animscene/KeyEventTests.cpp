@@ -125,11 +125,11 @@ TEST_F(KeyEvents, ARunsKeyEditsArriveTogetherAfterTheRun)
     EXPECT_EQ(tangent.keyIndex(), 1u);
     EXPECT_TRUE(tangent.isInTangent());
     EXPECT_EQ(tangent.currentTangentType(), MFnAnimCurve::kTangentAuto);
-    float x = 0.0f, y = 0.0f;
+    MFnAnimCurve::TangentValue x = 0.0, y = 0.0;
     ASSERT_TRUE(tangent.getPreviousPosition(x, y));
-    EXPECT_EQ(y, 0.0f);
+    EXPECT_EQ(y, 0.0);
     ASSERT_TRUE(tangent.getCurrentPosition(x, y));
-    EXPECT_GT(y, 0.0f);
+    EXPECT_GT(y, 0.0);
 }
 
 TEST_F(KeyEvents, SetKeyframeOverAKeyReportsTheKeyItReplaced)
