@@ -2,6 +2,7 @@
 // and deregistered in the exact reverse.
 #include <maya/MFnPlugin.h>
 
+#include "AnimationRecovery/Registration.h"
 #include "KeyBlending/Registration.h"
 #include "Mirror/Registration.h"
 #include "ResetPose/Registration.h"
@@ -40,6 +41,8 @@ PLUGIN_EXPORT MStatus initializePlugin(MObject obj)
         return status;
     if (!(status = SceneId::registerNode(plugin)))
         return status;
+    if (!(status = AnimationRecovery::registerCommand(plugin)))
+        return status;
     if (!(status = Mirror::registerCommand(plugin)))
         return status;
     if (!(status = SelectOpposite::registerCommand(plugin)))
@@ -59,6 +62,8 @@ PLUGIN_EXPORT MStatus uninitializePlugin(MObject obj)
     if (!(status = SelectOpposite::deregisterCommand(plugin)))
         return status;
     if (!(status = Mirror::deregisterCommand(plugin)))
+        return status;
+    if (!(status = AnimationRecovery::deregisterCommand(plugin)))
         return status;
     if (!(status = SceneId::deregisterNode(plugin)))
         return status;

@@ -35,8 +35,8 @@ TEST_F(PluginLoad, RegistersTheCommandsInOrder)
     mayasim::host::clearRegistrations();
     ASSERT_TRUE(mayasim::host::loadLinkedPlugin("orvane", initializePlugin, uninitializePlugin));
     EXPECT_THAT(registeredCommands(),
-                ::testing::ElementsAre("OVKeyBlending", "OVTangentBlending", "OVSnapshot", "OVResetPose", "OVMirror",
-                                       "OVSelectOpposite", "OVTangent"));
+                ::testing::ElementsAre("OVKeyBlending", "OVTangentBlending", "OVSnapshot", "OVResetPose",
+                                       "OVAnimationRecovery", "OVMirror", "OVSelectOpposite", "OVTangent"));
 }
 
 TEST_F(PluginLoad, FailedRegistrationStopsTheLoadWithOneReport)

@@ -1,0 +1,199 @@
+#include "AnimationRecovery/Manager.h"
+
+#include "Utils/Nodes/Node.h"
+#include "Utils/Nodes/SceneId/Manager.h"
+#include "Utils/Nodes/SceneId/Node.h"
+#include "Utils/Report.h"
+
+#include <maya/MAnimMessage.h>
+#include <maya/MEventMessage.h>
+#include <maya/MFnDependencyNode.h>
+#include <maya/MFnKeyframeDelta.h>
+#include <maya/MGlobal.h>
+#include <maya/MObjectHandle.h>
+#include <maya/MSceneMessage.h>
+
+#include <QDir>
+
+#include <algorithm>
+
+namespace AnimationRecovery {
+
+namespace {
+
+// Scene events in before and after pairs: loading, importing and reference
+// work pause recording and its end starts it again, so that what a file
+// brings in isn't taken for edits.
+static_assert(MSceneMessage::kBeforeRemoveReference == 16 && MSceneMessage::kAfterRemoveReference == 17
+                  && MSceneMessage::kBeforeLoadReference == 36 && MSceneMessage::kAfterLoadReference == 37
+                  && MSceneMessage::kBeforeCreateReference == 44 && MSceneMessage::kAfterCreateReference == 45,
+              "the scene messages recovery pairs");
+
+struct SceneEvent
+{
+    MSceneMessage::Message message;
+    bool start;
+};
+
+const SceneEvent SceneEvents[] = {
+    {MSceneMessage::kAfterOpen, true},
+    {MSceneMessage::kBeforeRemoveReference, false},
+    {MSceneMessage::kAfterRemoveReference, true},
+    {MSceneMessage::kBeforeLoadReference, false},
+    {MSceneMessage::kAfterLoadReference, true},
+    {MSceneMessage::kBeforeCreateReference, false},
+    {MSceneMessage::kAfterCreateReference, true},
+    {MSceneMessage::kBeforeImport, false},
+    {MSceneMessage::kAfterImport, true},
+};
+
+} // namespace
+
+Manager& Manager::instance()
+{
+    static Manager manager;
+    return manager;
+}
+
+bool Manager::enable()
+{
+    if (fEnabled)
+        return true;
+    if (!isValidObject(SceneId::manager().findOrCreateNode()))
+        return false;
+    startAnimCallbacks();
+    fSceneCallbacks.append(MEventMessage::addEventCallback("PreFileNewOrOpened", onPause, this));
+    for (const SceneEvent& event : SceneEvents)
+        fSceneCallbacks.append(MSceneMessage::addCallback(event.message, event.start ? onStart : onPause, this));
+    fEnabled = true;
+    return true;
+}
+
+bool Manager::disable()
+{
+    removeIdle();
+    MMessage::removeCallbacks(fAnimCallbacks);
+    fAnimCallbacks.clear();
+    MMessage::removeCallbacks(fSceneCallbacks);
+    fSceneCallbacks.clear();
+    fEnabled = false;
+    fPendingWork = 0;
+    fEditedCurves.clear();
+    fPendingCurves = QJsonObject();
+    return true;
+}
+
+void Manager::startAnimCallbacks()
+{
+    fAnimCallbacks.append(MAnimMessage::addAnimKeyframeEditedCallback(onKeysEdited, this));
+}
+
+void Manager::pauseAnimCallbacks()
+{
+    // What is queued still gets saved.
+    MMessage::removeCallbacks(fAnimCallbacks);
+    fAnimCallbacks.clear();
+}
+
+void Manager::onStart(void* clientData) { static_cast<Manager*>(clientData)->startAnimCallbacks(); }
+
+void Manager::onPause(void* clientData) { static_cast<Manager*>(clientData)->pauseAnimCallbacks(); }
+
+void Manager::onKeysEdited(MObjectArray& editedKeys, void* clientData)
+{
+    // Marking only: the saving waits for idle time.
+    Manager& manager = *static_cast<Manager*>(clientData);
+    for (unsigned int i = 0; i < editedKeys.length(); ++i) {
+        const MObject curve = MFnKeyframeDelta(editedKeys[i]).paramCurve();
+        manager.fEditedCurves.emplace(MObjectHandle(curve).hashCode(), curve);
+    }
+    manager.fPendingWork |= EncodeCurves;
+    manager.ensureIdle();
+}
+
+void Manager::ensureIdle()
+{
+    if (fHasIdleCallback)
+        return;
+    fIdleCallback = MEventMessage::addEventCallback("idle", onIdle, this);
+    fHasIdleCallback = true;
+}
+
+void Manager::removeIdle()
+{
+    if (!fHasIdleCallback)
+        return;
+    MMessage::removeCallback(fIdleCallback);
+    fHasIdleCallback = false;
+}
+
+void Manager::onIdle(void* clientData)
+{
+    Manager& manager = *static_cast<Manager*>(clientData);
+    if (!manager.idleStep())
+        manager.removeIdle();
+}
+
+bool Manager::idleStep()
+{
+    if (fPendingWork & EncodeCurves) {
+        if (fEditedCurves.empty()) {
+            fPendingWork &= ~EncodeCurves;
+            return true;
+        }
+        // Encoded when its turn comes, so a curve edited again meanwhile is read once.
+        const auto first = fEditedCurves.begin();
+        // A curve deleted since keeps its name, and its empty record deletes it at restore.
+        MStatus status;
+        const MString name = MFnDependencyNode(first->second).name(&status);
+        if (status && name.length() > 0)
+            fPendingCurves.insert(QString::fromUtf8(name.asChar()), fFiles.encodeCurve(first->second));
+        fPendingWork |= WriteCurves;
+        fEditedCurves.erase(first);
+        return true;
+    }
+    if (fPendingWork & WriteCurves) {
+        // Without a folder (an untitled scene) the work goes as if written.
+        fPendingWork &= ~WriteCurves;
+        fFiles.writeCurves(fPendingCurves);
+        fPendingCurves = QJsonObject();
+        return true;
+    }
+    return false;
+}
+
+bool Manager::restore(MAnimCurveChange& change, MDGModifier& modifier)
+{
+    const bool wasEnabled = fEnabled;
+    disable();
+    restoreAnimation(change, modifier);
+    if (wasEnabled)
+        enable();
+    return true;
+}
+
+bool Manager::restoreAnimation(MAnimCurveChange& change, MDGModifier& modifier)
+{
+    // A scene opened without its identity node (recording began on it, and it
+    // wasn't saved again) finds its folder by the nodes its curves drive.
+    QString folder;
+    if (isValidObject(objectByName(SceneId::NodeName))) {
+        folder = fFiles.sceneFolder();
+    } else {
+        folder = fFiles.folderDrivingThisScene();
+        if (!folder.isEmpty())
+            MGlobal::displayInfo(MString("OVAnimationRecovery: restoring from ")
+                                 + QDir::toNativeSeparators(folder).toUtf8().constData());
+    }
+    const qint64 recorded = fFiles.readLastModified(folder);
+    if (recorded == 0) {
+        OV_REPORT(QStringLiteral("faile to find last modified"), "restoreAnimation");
+        return false;
+    }
+    // Only what was saved after both the last save recovery saw and the scene file as it is now.
+    const qint64 since = std::max(recorded, fFiles.sceneFileTime());
+    fFiles.applyAnimation(fFiles.readCurves(folder, since), modifier, change);
+    return true;
+}
+
+} // namespace AnimationRecovery

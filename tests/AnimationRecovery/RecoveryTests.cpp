@@ -1,0 +1,264 @@
+// OVAnimationRecovery end to end: curves edited while recording are saved at
+// idle time into the scene's folder, and -restore rebuilds them exactly, in
+// one undo step, on the scene as it was last saved.
+#include "DataFolderTest.h"
+
+#include <maya/MAngle.h>
+#include <maya/MFileIO.h>
+#include <maya/MFnAnimCurve.h>
+#include <maya/MFnDependencyNode.h>
+#include <maya/MGlobal.h>
+#include <maya/MItDependencyNodes.h>
+#include <maya/MPlug.h>
+#include <maya/MPlugArray.h>
+#include <mayasim/Host.h>
+
+#include <gmock/gmock.h>
+
+#include <QCborMap>
+#include <QCborValue>
+#include <QRegularExpression>
+
+#include <map>
+#include <sstream>
+
+using ::testing::HasSubstr;
+
+namespace {
+
+// Every fact of the scene's curves that a restore must bring back, curve by curve.
+std::string describeCurves()
+{
+    std::map<std::string, std::string> curves;
+    for (MItDependencyNodes it(MFn::kAnimCurve); !it.isDone(); it.next()) {
+        MFnAnimCurve fn(it.thisNode());
+        std::ostringstream text;
+        MPlugArray destinations;
+        fn.findPlug("output", false).destinations(destinations);
+        text << "-> " << (destinations.length() ? destinations[0].name().asChar() : "") << " type "
+             << fn.animCurveType() << " weighted " << fn.isWeighted() << " inf " << fn.preInfinityType() << "/"
+             << fn.postInfinityType() << "\n";
+        for (unsigned int i = 0; i < fn.numKeys(); ++i) {
+            MAngle inAngle, outAngle;
+            double inWeight = 0, outWeight = 0;
+            fn.getTangent(i, inAngle, inWeight, true);
+            fn.getTangent(i, outAngle, outWeight, false);
+            text << "  " << fn.time(i).value() << " = " << fn.value(i) << " types " << fn.inTangentType(i) << "/"
+                 << fn.outTangentType(i) << " in " << inAngle.asRadians() << "," << inWeight << " out "
+                 << outAngle.asRadians() << "," << outWeight << " locks " << fn.tangentsLocked(i) << "/"
+                 << fn.weightsLocked(i) << "\n";
+        }
+        curves[fn.name().asChar()] = text.str();
+    }
+    std::string all;
+    for (const auto& [name, text] : curves)
+        all += name + " " + text;
+    return all;
+}
+
+class Recovery : public DataFolderTest
+{
+protected:
+    void SetUp() override
+    {
+        DataFolderTest::SetUp();
+        fScripts = scriptsDir();
+        ASSERT_TRUE(mel("createNode transform -n obj; createNode transform -n other"));
+    }
+
+    QString scenePath() const { return workFile(QStringLiteral("shot.ma")); }
+    static void save(const QString& path)
+    {
+        ASSERT_TRUE(MFileIO::saveAs(path.toUtf8().constData(), "mayaAscii", true));
+    }
+    static void reopen(const QString& path)
+    {
+        ASSERT_TRUE(MFileIO::open(path.toUtf8().constData(), nullptr, true));
+    }
+    // Idle ticks enough for every waiting curve to be encoded and written.
+    static void idle(int ticks = 40)
+    {
+        for (int i = 0; i < ticks; ++i)
+            mayasim::host::pumpIdle();
+    }
+    QString recoveryRoot() const { return QDir(fScripts).filePath(QStringLiteral("Orvane/AnimationRecovery")); }
+    // The curve files under the recovery folders, as "<id>/<number>_a".
+    QStringList curveFiles() const { return entriesUnder(recoveryRoot()).filter(QRegularExpression("/\\d+_a$")); }
+
+    // Curves of several kinds, made while recording: spline, linear, flat,
+    // clamped and stepped keys; a weighted curve with a broken tangent and
+    // free weights; cycling and oscillating infinities; an angle curve.
+    static void animate()
+    {
+        ASSERT_TRUE(mel("setKeyframe -t 1 -v 0 obj.tx; setKeyframe -t 5 -v 4 obj.tx; setKeyframe -t 9 -v 1 obj.tx"));
+        ASSERT_TRUE(mel("keyTangent -e -t 1 -itt linear -ott flat obj.tx; keyTangent -e -t 5 -ott step obj.tx"));
+        ASSERT_TRUE(mel("keyTangent -e -t 9 -itt clamped -ott spline obj.tx"));
+        ASSERT_TRUE(mel("setKeyframe -t 0 -v 2 obj.ty; setKeyframe -t 10 -v -3 obj.ty; setKeyframe -t 20 -v 5 obj.ty"));
+        ASSERT_TRUE(mel("setKeyframe -t 2 -v 30 obj.rz; setKeyframe -t 12 -v -45 obj.rz"));
+        ASSERT_TRUE(mel("keyTangent -e -t 2 -itt plateau -ott auto obj.rz"));
+        MFnAnimCurve ty(nodeNamed("obj_translateY"));
+        ASSERT_TRUE(ty.setIsWeighted(true));
+        ASSERT_TRUE(ty.setTangentsLocked(1, false));
+        ASSERT_TRUE(ty.setWeightsLocked(1, false));
+        ASSERT_TRUE(ty.setTangent(1, MAngle(0.7, MAngle::kRadians), 2.5, true));
+        ASSERT_TRUE(ty.setTangent(1, MAngle(-0.3, MAngle::kRadians), 4.0, false));
+        ASSERT_TRUE(ty.setPreInfinityType(MFnAnimCurve::kCycle));
+        ASSERT_TRUE(ty.setPostInfinityType(MFnAnimCurve::kOscillate));
+        MFnAnimCurve rz(nodeNamed("obj_rotateZ"));
+        ASSERT_TRUE(rz.setPostInfinityType(MFnAnimCurve::kLinear));
+    }
+
+    QString fScripts;
+};
+
+TEST_F(Recovery, SavedCurvesComeBackExactlyOnTheReopenedSceneInOneUndoStep)
+{
+    ASSERT_TRUE(mel("OVAnimationRecovery -enable true"));
+    save(scenePath());
+    animate();
+    idle();
+    const std::string edited = describeCurves();
+    ASSERT_THAT(edited, HasSubstr("obj_translateY -> obj.translateY type 1 weighted 1 inf 3/5"));
+    // One burst of edits, one file beside "lastModified", in CBOR.
+    const QStringList files = curveFiles();
+    ASSERT_EQ(files.size(), 1) << files.join(' ').toStdString();
+    const QString folder = QFileInfo(QDir(recoveryRoot()).filePath(files[0])).path();
+    EXPECT_TRUE(QFileInfo::exists(QDir(folder).filePath(QStringLiteral("lastModified"))));
+    const QCborMap saved = QCborValue::fromCbor(readBytes(QDir(recoveryRoot()).filePath(files[0]))).toMap();
+    EXPECT_EQ(saved.size(), 3);
+    EXPECT_EQ(saved.value(QStringLiteral("obj_translateX")).toMap().value(QStringLiteral("p")).toString(),
+              QStringLiteral("tx"));
+
+    // The crash: the scene as last saved has no curves at all.
+    reopen(scenePath());
+    ASSERT_EQ(describeCurves(), "");
+    expectOneUndoStep([] { ASSERT_TRUE(mel("OVAnimationRecovery -restore")); });
+    EXPECT_EQ(describeCurves(), edited);
+    EXPECT_TRUE(reports().empty()) << reports().front();
+
+    // The files stay: a second restore over the first gives the same curves.
+    ASSERT_TRUE(mel("OVAnimationRecovery -restore"));
+    EXPECT_EQ(describeCurves(), edited);
+
+    // A curve deleted while recording stays deleted.
+    ASSERT_TRUE(mel("delete obj_rotateZ"));
+    idle();
+    reopen(scenePath());
+    ASSERT_TRUE(mel("OVAnimationRecovery -restore"));
+    EXPECT_TRUE(nodeNamed("obj_rotateZ").isNull());
+    EXPECT_FALSE(nodeNamed("obj_translateY").isNull());
+}
+
+TEST_F(Recovery, OnlyFilesNewerThanTheSceneFileCount)
+{
+    ASSERT_TRUE(mel("OVAnimationRecovery -enable true"));
+    save(scenePath());
+    keyPlug("obj.tx", {{1, 1}, {2, 2}});
+    idle();
+    // The user saved after the files were written: they are past.
+    QFile scene(scenePath());
+    ASSERT_TRUE(scene.open(QIODevice::ReadWrite));
+    ASSERT_TRUE(scene.setFileTime(QDateTime::currentDateTime().addSecs(3600), QFileDevice::FileModificationTime));
+    scene.close();
+    reopen(scenePath());
+    mayasim::host::clearOutput();
+    ASSERT_TRUE(mel("OVAnimationRecovery -restore"));
+    EXPECT_TRUE(nodeNamed("obj_translateX").isNull());
+}
+
+TEST_F(Recovery, PausesOnNewSceneAndResumesOnOpenOrImport)
+{
+    save(scenePath());
+    const size_t before = mayasim::host::callbackCount();
+    ASSERT_TRUE(mel("OVAnimationRecovery -enable true"));
+    save(scenePath()); // with its identity node
+    const size_t recording = mayasim::host::callbackCount();
+    EXPECT_GT(recording, before);
+
+    ASSERT_TRUE(MFileIO::newFile(true));
+    EXPECT_EQ(mayasim::host::callbackCount(), recording - 1) << "the key callback goes";
+    ASSERT_TRUE(mel("createNode transform -n obj"));
+    save(workFile(QStringLiteral("other.ma")));
+    ASSERT_TRUE(mel("OVAnimationRecovery -enable true")); // on already: starts nothing
+    EXPECT_EQ(mayasim::host::callbackCount(), recording - 1);
+    keyPlug("obj.ty", {{1, 1}});
+    idle();
+    EXPECT_TRUE(curveFiles().isEmpty()) << "paused: nothing saved";
+
+    reopen(scenePath());
+    EXPECT_EQ(mayasim::host::callbackCount(), recording);
+    keyPlug("obj.tz", {{1, 1}});
+    idle();
+    EXPECT_EQ(curveFiles().size(), 1);
+
+    // An import pauses while it reads and resumes after.
+    ASSERT_TRUE(MFileIO::importFile(workFile(QStringLiteral("other.ma")).toUtf8().constData()));
+    EXPECT_EQ(mayasim::host::callbackCount(), recording);
+    idle();
+    EXPECT_EQ(curveFiles().size(), 1) << "what a file brings in isn't an edit";
+
+    ASSERT_TRUE(mel("OVAnimationRecovery -enable false"));
+    EXPECT_EQ(mayasim::host::callbackCount(), before);
+}
+
+TEST_F(Recovery, UntitledSceneSavesNothingAndRestoreSaysSo)
+{
+    ASSERT_TRUE(mel("OVAnimationRecovery -enable true"));
+    EXPECT_FALSE(nodeNamed("OVSceneId").isNull()) << "the identity is there before the first save";
+    keyPlug("obj.tx", {{1, 1}, {5, 3}});
+    idle();
+    EXPECT_TRUE(curveFiles().isEmpty());
+    const std::string scene = sceneText();
+    ASSERT_TRUE(mel("OVAnimationRecovery -restore"));
+    EXPECT_EQ(sceneText(), scene);
+    ASSERT_EQ(reports().size(), 1u);
+    EXPECT_THAT(reports()[0], HasSubstr("Message: faile to find last modified\n"));
+    EXPECT_FALSE(mel("OVAnimationRecovery -enable")) << "the flag needs its boolean";
+}
+
+TEST_F(Recovery, CorruptFilesAndRecordsAreSkippedWithAReport)
+{
+    ASSERT_TRUE(mel("OVAnimationRecovery -enable true"));
+    save(scenePath());
+    keyPlug("obj.tx", {{1, 1}, {5, 3}});
+    keyPlug("obj.ty", {{1, 2}});
+    idle();
+    const std::string edited = describeCurves();
+    const QStringList files = curveFiles();
+    ASSERT_EQ(files.size(), 1);
+    const QString folder = QFileInfo(QDir(recoveryRoot()).filePath(files[0])).path();
+    const qint64 number = QFileInfo(files[0]).fileName().chopped(2).toLongLong();
+    // Later files: random bytes, and a map whose record of one curve is cut short.
+    ASSERT_TRUE(writeBytes(QDir(folder).filePath(QString::number(number + 1) + "_a"), "\xff\x13garbage"));
+    QCborMap broken;
+    broken.insert(QStringLiteral("obj_translateX"),
+                  QCborMap{{QStringLiteral("d"), QStringLiteral("x")}, {QStringLiteral("k"), 3}});
+    ASSERT_TRUE(writeBytes(QDir(folder).filePath(QString::number(number + 2) + "_a"), QCborValue(broken).toCbor()));
+
+    reopen(scenePath());
+    ASSERT_TRUE(mel("OVAnimationRecovery -restore"));
+    EXPECT_EQ(describeCurves(), edited);
+    ASSERT_EQ(reports().size(), 2u);
+    EXPECT_THAT(reports()[0], HasSubstr("failed to read recovery file: "));
+    EXPECT_THAT(reports()[1], HasSubstr("bad curve record: obj_translateX"));
+}
+
+TEST_F(Recovery, SceneWithoutItsIdentityNodeFindsItsFolderByTheNodesItsCurvesDrive)
+{
+    save(scenePath()); // saved before recording began: the file has no identity node
+    ASSERT_TRUE(mel("OVAnimationRecovery -enable true"));
+    keyPlug("obj.tx", {{1, 1}, {5, 3}});
+    idle();
+    const std::string edited = describeCurves();
+    reopen(scenePath());
+    ASSERT_TRUE(nodeNamed("OVSceneId").isNull());
+    mayasim::host::clearOutput();
+    ASSERT_TRUE(mel("OVAnimationRecovery -restore"));
+    EXPECT_EQ(describeCurves(), edited);
+    bool said = false;
+    for (const auto& line : mayasim::host::output())
+        said = said || line.text.find("restoring from") != std::string::npos;
+    EXPECT_TRUE(said);
+}
+
+} // namespace
