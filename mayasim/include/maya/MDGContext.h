@@ -1,7 +1,6 @@
 #pragma once
-#include <maya/MTypes.h>
 #include <maya/MStatus.h>
-#include <maya/MTime.h>
+#include <maya/MTypes.h>
 
 OPENMAYA_MAJOR_NAMESPACE_OPEN
 
@@ -13,23 +12,25 @@ public:
     MDGContext();
     MDGContext(const MTime& when);
     MDGContext(const MDGContext& in);
-    virtual ~MDGContext();
+    ~MDGContext();
 
     static MDGContext fsNormal;
-    static MDGContext current();
-    MDGContext makeCurrent() const;
-
     bool isNormal(MStatus* ReturnStatus = NULL) const;
-    bool isCurrent(MStatus* ReturnStatus = NULL) const;
+
     MStatus getTime(MTime& outTime) const;
-    MTime getTime(MStatus* ReturnStatus = NULL) const;
 
     MDGContext& operator=(const MDGContext& other);
+
     static const char* className();
 
+    static const MDGContext current();
+    bool isCurrent(MStatus* ReturnStatus = NULL) const;
+    const MDGContext makeCurrent(MStatus* ReturnStatus = NULL) const;
+
 private:
-    bool fNormal = true;
-    MTime fTime;
+    // Null for the normal context, else the time it evaluates at (held apart
+    // so this header needs no MTime.h, as Maya's doesn't).
+    MTime* fTime;
 };
 
 OPENMAYA_NAMESPACE_CLOSE

@@ -1,5 +1,6 @@
 #pragma once
-#include <maya/MDGContext.h>
+#include <maya/MStatus.h>
+#include <maya/MTypes.h>
 
 OPENMAYA_MAJOR_NAMESPACE_OPEN
 
@@ -8,14 +9,15 @@ OPENMAYA_MAJOR_NAMESPACE_OPEN
 class OPENMAYA_EXPORT MDGContextGuard
 {
 public:
-    MDGContextGuard(const MDGContext& context);
     ~MDGContextGuard();
+    MDGContextGuard(const MDGContext& tempContext);
 
+    MDGContextGuard() = delete;
     MDGContextGuard(const MDGContextGuard&) = delete;
     MDGContextGuard& operator=(const MDGContextGuard&) = delete;
 
 private:
-    MDGContext fPrevious;
+    MDGContext* fPrevious;
 };
 
 OPENMAYA_NAMESPACE_CLOSE

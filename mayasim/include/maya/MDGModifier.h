@@ -1,13 +1,10 @@
 #pragma once
-#include <maya/MTypes.h>
-#include <maya/MObject.h>
 #include <maya/MStatus.h>
-#include <maya/MString.h>
-#include <memory>
-#include <vector>
+#include <maya/MFnDependencyNode.h>
+#include <maya/MDeprecate.h>
 
 namespace mayasim {
-class ModifierOperation;
+struct ModifierQueue;
 struct ModifierAccess;
 }
 
@@ -23,7 +20,8 @@ public:
 
     MObject createNode(const MTypeId& typeId, MStatus* ReturnStatus = NULL);
     MObject createNode(const MString& type, MStatus* ReturnStatus = NULL);
-    MStatus deleteNode(const MObject& node, bool deleteOrphanedParents = true);
+    MStatus deleteNode(const MObject& node);
+    MStatus deleteNode(const MObject& node, bool includeParents);
     MStatus renameNode(const MObject& node, const MString& newName);
     MStatus setNodeLockState(const MObject& node, bool newState);
     MStatus connect(const MObject& sourceNode, const MObject& sourceAttr, const MObject& destNode,
@@ -35,7 +33,7 @@ public:
     MStatus addAttribute(const MObject& node, const MObject& attribute);
     MStatus removeAttribute(const MObject& node, const MObject& attribute);
     MStatus commandToExecute(const MString& command);
-    MStatus newPlugValue(const MPlug& plug, const MObject& plugValue);
+    MStatus newPlugValue(const MPlug& plug, MObject& plugValue);
     MStatus newPlugValueBool(const MPlug& plug, bool plugValue);
     MStatus newPlugValueChar(const MPlug& plug, char plugValue);
     MStatus newPlugValueDouble(const MPlug& plug, double plugValue);
@@ -52,16 +50,11 @@ public:
 
     static const char* className();
 
-    MDGModifier(const MDGModifier&) = delete;
-    MDGModifier& operator=(const MDGModifier&) = delete;
+OPENMAYA_PRIVATE:
+    MDGModifier(const MDGModifier& other);
+    MDGModifier& operator=(const MDGModifier& rhs);
 
-protected:
-    // mayasim: queues one operation for the next doIt.
-    void queue(std::shared_ptr<mayasim::ModifierOperation> operation);
-
-private:
-    std::vector<std::shared_ptr<mayasim::ModifierOperation>> fOperations;
-    size_t fApplied = 0; // operations before this index have been done
+    mayasim::ModifierQueue* fQueue; // what has been queued, and how much of it is done
 
     friend struct mayasim::ModifierAccess;
 };

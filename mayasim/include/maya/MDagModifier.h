@@ -1,5 +1,8 @@
 #pragma once
+#include <maya/MStatus.h>
+#include <maya/MFnDependencyNode.h>
 #include <maya/MDGModifier.h>
+#include <maya/MObject.h>
 
 OPENMAYA_MAJOR_NAMESPACE_OPEN
 
@@ -17,6 +20,10 @@ public:
     MStatus reparentNode(const MObject& node, const MObject& newParent = MObject::kNullObj);
 
     static const char* className();
+
+OPENMAYA_PRIVATE:
+    MDagModifier(const MDagModifier& other);
+    MDagModifier& operator=(const MDagModifier& rhs);
 };
 
 OPENMAYA_NAMESPACE_CLOSE

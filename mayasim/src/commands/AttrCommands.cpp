@@ -8,6 +8,7 @@
 #include "scene/Plugs.h"
 
 #include <maya/MAngle.h>
+#include <maya/MDGContext.h>
 #include <maya/MDGContextGuard.h>
 #include <maya/MDistance.h>
 #include <maya/MTime.h>

@@ -11,6 +11,7 @@
 
 #include <maya/MAnimControl.h>
 #include <maya/MAnimUtil.h>
+#include <maya/MDGContext.h>
 #include <maya/MDGContextGuard.h>
 #include <maya/MDGModifier.h>
 #include <maya/MFnAnimCurve.h>

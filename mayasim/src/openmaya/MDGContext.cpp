@@ -1,5 +1,6 @@
 #include <maya/MDGContext.h>
 #include <maya/MDGContextGuard.h>
+#include <maya/MTime.h>
 
 #include "scene/Api.h"
 #include "scene/Evaluation.h"
@@ -8,55 +9,58 @@ using mayasim::setStatus;
 
 MDGContext MDGContext::fsNormal;
 
-MDGContext::MDGContext() = default;
+MDGContext::MDGContext() : fTime(nullptr) {}
 
-MDGContext::MDGContext(const MTime& when) : fNormal(false), fTime(when) {}
+MDGContext::MDGContext(const MTime& when) : fTime(new MTime(when)) {}
 
-MDGContext::MDGContext(const MDGContext& in) = default;
+MDGContext::MDGContext(const MDGContext& in) : fTime(in.fTime ? new MTime(*in.fTime) : nullptr) {}
 
-MDGContext::~MDGContext() = default;
+MDGContext::~MDGContext()
+{
+    delete fTime;
+}
 
-MDGContext& MDGContext::operator=(const MDGContext& other) = default;
+MDGContext& MDGContext::operator=(const MDGContext& other)
+{
+    if (this != &other) {
+        MTime* copy = other.fTime ? new MTime(*other.fTime) : nullptr;
+        delete fTime;
+        fTime = copy;
+    }
+    return *this;
+}
 
-MDGContext MDGContext::current()
+const MDGContext MDGContext::current()
 {
     const mayasim::eval::Context& context = mayasim::eval::currentContext();
     return context.normal ? MDGContext() : MDGContext(context.time);
 }
 
-MDGContext MDGContext::makeCurrent() const
+const MDGContext MDGContext::makeCurrent(MStatus* ReturnStatus) const
 {
+    setStatus(ReturnStatus, MS::kSuccess);
     MDGContext previous = current();
-    mayasim::eval::setCurrentContext({fNormal, fTime});
+    mayasim::eval::setCurrentContext({fTime == nullptr, fTime ? *fTime : MTime()});
     return previous;
 }
 
 bool MDGContext::isNormal(MStatus* ReturnStatus) const
 {
     setStatus(ReturnStatus, MS::kSuccess);
-    return fNormal;
+    return fTime == nullptr;
 }
 
 bool MDGContext::isCurrent(MStatus* ReturnStatus) const
 {
     setStatus(ReturnStatus, MS::kSuccess);
     const mayasim::eval::Context& context = mayasim::eval::currentContext();
-    return context.normal == fNormal && (fNormal || context.time == fTime);
+    return context.normal == (fTime == nullptr) && (!fTime || context.time == *fTime);
 }
 
 MStatus MDGContext::getTime(MTime& outTime) const
 {
-    outTime = fNormal ? mayasim::eval::currentTime() : fTime;
+    outTime = fTime ? *fTime : mayasim::eval::currentTime();
     return MS::kSuccess;
-}
-
-MTime MDGContext::getTime(MStatus* ReturnStatus) const
-{
-    MTime time;
-    MStatus status = getTime(time);
-    if (ReturnStatus)
-        *ReturnStatus = status;
-    return time;
 }
 
 const char* MDGContext::className()
@@ -64,9 +68,12 @@ const char* MDGContext::className()
     return "MDGContext";
 }
 
-MDGContextGuard::MDGContextGuard(const MDGContext& context) : fPrevious(context.makeCurrent()) {}
+MDGContextGuard::MDGContextGuard(const MDGContext& tempContext) : fPrevious(new MDGContext(tempContext.makeCurrent()))
+{
+}
 
 MDGContextGuard::~MDGContextGuard()
 {
-    fPrevious.makeCurrent();
+    fPrevious->makeCurrent();
+    delete fPrevious;
 }

@@ -35,20 +35,21 @@ void ModifierOperation::doIt()
 
 void ModifierAccess::queue(MDGModifier& modifier, std::function<void(EditList&)> work)
 {
-    modifier.queue(std::make_shared<ModifierOperation>(std::move(work)));
+    modifier.fQueue->operations.push_back(std::make_shared<ModifierOperation>(std::move(work)));
 }
 
 EditList ModifierAccess::takeEdits(MDGModifier& modifier)
 {
     EditList all;
-    for (size_t i = 0; i < modifier.fApplied; ++i)
+    ModifierQueue& queue = *modifier.fQueue;
+    for (size_t i = 0; i < queue.applied; ++i)
     {
-        EditList edits = modifier.fOperations[i]->takeEdits();
+        EditList edits = queue.operations[i]->takeEdits();
         if (!edits.empty())
             all.adopt(std::make_unique<EditList>(std::move(edits)));
     }
-    modifier.fOperations.clear();
-    modifier.fApplied = 0;
+    queue.operations.clear();
+    queue.applied = 0;
     return all;
 }
 
@@ -112,12 +113,11 @@ MStatus queueConnection(MDGModifier& modifier, const MPlug& source, const MPlug&
 
 } // namespace
 
-MDGModifier::MDGModifier() = default;
-MDGModifier::~MDGModifier() = default;
+MDGModifier::MDGModifier() : fQueue(new ModifierQueue) {}
 
-void MDGModifier::queue(std::shared_ptr<ModifierOperation> operation)
+MDGModifier::~MDGModifier()
 {
-    fOperations.push_back(std::move(operation));
+    delete fQueue;
 }
 
 MObject MDGModifier::createNode(const MTypeId& typeId, MStatus* ReturnStatus)
@@ -130,12 +130,17 @@ MObject MDGModifier::createNode(const MString& type, MStatus* ReturnStatus)
     return queueCreate(*this, findNodeType(type.asChar()), MObject(), ReturnStatus);
 }
 
+MStatus MDGModifier::deleteNode(const MObject& node)
+{
+    return deleteNode(node, true);
+}
+
 MStatus MDGModifier::deleteNode(const MObject& node, bool)
 {
     NodePtr target = nodePtr(node);
     if (!target)
         return MS::kInvalidParameter;
-    queue(std::make_shared<ModifierOperation>([target](EditList& edits) { ops::deleteNode(edits, target); }));
+    ModifierAccess::queue(*this, [target](EditList& edits) { ops::deleteNode(edits, target); });
     return MS::kSuccess;
 }
 
@@ -145,7 +150,7 @@ MStatus MDGModifier::renameNode(const MObject& node, const MString& newName)
     if (!target || newName.length() == 0)
         return MS::kInvalidParameter;
     const std::string name = newName.asChar();
-    queue(std::make_shared<ModifierOperation>([target, name](EditList& edits) { ops::rename(edits, target, name); }));
+    ModifierAccess::queue(*this, [target, name](EditList& edits) { ops::rename(edits, target, name); });
     return MS::kSuccess;
 }
 
@@ -154,8 +159,8 @@ MStatus MDGModifier::setNodeLockState(const MObject& node, bool newState)
     NodePtr target = nodePtr(node);
     if (!target)
         return MS::kInvalidParameter;
-    queue(std::make_shared<ModifierOperation>(
-        [target, newState](EditList& edits) { edits.run(editing::setNodeLocked(target, newState)); }));
+    ModifierAccess::queue(*this,
+        [target, newState](EditList& edits) { edits.run(editing::setNodeLocked(target, newState)); });
     return MS::kSuccess;
 }
 
@@ -187,8 +192,7 @@ MStatus MDGModifier::addAttribute(const MObject& node, const MObject& attribute)
     AttributePtr added = attributePtr(attribute);
     if (!target || !added)
         return MS::kInvalidParameter;
-    queue(std::make_shared<ModifierOperation>(
-        [target, added](EditList& edits) { ops::addAttribute(edits, target, added); }));
+    ModifierAccess::queue(*this, [target, added](EditList& edits) { ops::addAttribute(edits, target, added); });
     return MS::kSuccess;
 }
 
@@ -198,8 +202,7 @@ MStatus MDGModifier::removeAttribute(const MObject& node, const MObject& attribu
     AttributePtr removed = attributePtr(attribute);
     if (!target || !removed)
         return MS::kInvalidParameter;
-    queue(std::make_shared<ModifierOperation>(
-        [target, removed](EditList& edits) { ops::removeAttribute(edits, target, removed); }));
+    ModifierAccess::queue(*this, [target, removed](EditList& edits) { ops::removeAttribute(edits, target, removed); });
     return MS::kSuccess;
 }
 
@@ -207,14 +210,14 @@ MStatus MDGModifier::commandToExecute(const MString& command)
 {
     // The command runs on doIt; its own undo is the command engine's.
     const std::string text = command.asChar();
-    queue(std::make_shared<ModifierOperation>([text](EditList&) {
+    ModifierAccess::queue(*this, [text](EditList&) {
         if (!runMel(text))
             throw MelError("commandToExecute failed: " + text);
-    }));
+    });
     return MS::kSuccess;
 }
 
-MStatus MDGModifier::newPlugValue(const MPlug& plug, const MObject& plugValue)
+MStatus MDGModifier::newPlugValue(const MPlug& plug, MObject& plugValue)
 {
     const DataObject* data = dataObject(plugValue);
     if (!data)
@@ -228,10 +231,10 @@ MStatus MDGModifier::newPlugValue(const MPlug& plug, const MObject& plugValue)
     const std::vector<double> numbers = data->value().numbers;
     if (children.size() != numbers.size())
         return MS::kInvalidParameter;
-    queue(std::make_shared<ModifierOperation>([t = *target, children, numbers](EditList& edits) {
+    ModifierAccess::queue(*this, [t = *target, children, numbers](EditList& edits) {
         for (size_t i = 0; i < children.size(); ++i)
             ops::setValue(edits, t.node, children[i], Value::ofNumber(numbers[i]), false);
-    }));
+    });
     return MS::kSuccess;
 }
 
@@ -292,11 +295,12 @@ MStatus MDGModifier::newPlugValueString(const MPlug& plug, const MString& plugVa
 
 MStatus MDGModifier::doIt()
 {
-    for (; fApplied < fOperations.size(); ++fApplied)
+    ModifierQueue& queue = *fQueue;
+    for (; queue.applied < queue.operations.size(); ++queue.applied)
     {
         try
         {
-            fOperations[fApplied]->doIt();
+            queue.operations[queue.applied]->doIt();
         }
         catch (const MelError&)
         {
@@ -308,8 +312,8 @@ MStatus MDGModifier::doIt()
 
 MStatus MDGModifier::undoIt()
 {
-    while (fApplied > 0)
-        fOperations[--fApplied]->undoIt();
+    while (fQueue->applied > 0)
+        fQueue->operations[--fQueue->applied]->undoIt();
     return MS::kSuccess;
 }
 
@@ -339,8 +343,7 @@ MStatus MDagModifier::reparentNode(const MObject& node, const MObject& newParent
     NodePtr parent = nodePtr(newParent);
     if (!target || (!newParent.isNull() && !parent))
         return MS::kInvalidParameter;
-    queue(std::make_shared<ModifierOperation>(
-        [target, parent](EditList& edits) { ops::reparent(edits, target, parent, true); }));
+    ModifierAccess::queue(*this, [target, parent](EditList& edits) { ops::reparent(edits, target, parent, true); });
     return MS::kSuccess;
 }
 

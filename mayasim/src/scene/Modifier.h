@@ -25,6 +25,12 @@ private:
     bool fPerformed = false;
 };
 
+struct ModifierQueue
+{
+    std::vector<std::shared_ptr<ModifierOperation>> operations;
+    size_t applied = 0; // operations before this index have been done
+};
+
 struct ModifierAccess
 {
     static void queue(MDGModifier& modifier, std::function<void(EditList&)> work);

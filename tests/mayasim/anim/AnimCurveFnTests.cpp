@@ -3,6 +3,7 @@
 #include "../dg/DgTest.h"
 
 #include <maya/MAnimCurveChange.h>
+#include <maya/MDGContext.h>
 #include <maya/MDGContextGuard.h>
 #include <maya/MDGModifier.h>
 #include <maya/MFnAnimCurve.h>

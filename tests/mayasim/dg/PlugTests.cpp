@@ -6,6 +6,7 @@
 
 #include <maya/MAngle.h>
 #include <maya/MAnimControl.h>
+#include <maya/MDGContext.h>
 #include <maya/MDGContextGuard.h>
 #include <maya/MDGModifier.h>
 #include <maya/MFnAttribute.h>
@@ -146,7 +147,7 @@ TEST_F(PlugTest, ConnectionsPullTheirSourceIncludingThroughCompounds)
 
 TEST_F(PlugTest, ValueSetOnADrivenPlugHoldsAtTheCurrentTime)
 {
-    const double now = MDGContext().getTime().as(MTime::kFilm);
+    const double now = MAnimControl::currentTime().as(MTime::kFilm);
     ASSERT_TRUE(mel("createNode dgClock -n clock; setAttr clock.input 5; connectAttr clock.output n.tx"));
     EXPECT_EQ(plugNamed("n.tx").asDouble(), 5.0 + 2.0 * now);
     MDGModifier modifier;
@@ -168,7 +169,7 @@ TEST_F(PlugTest, ReadsInsideAContextGuardHappenAtItsTime)
     ASSERT_TRUE(mel("createNode dgClock -n clock; setAttr clock.input 1; connectAttr clock.output n.ty"));
     ASSERT_TRUE(mel("createNode transform -n child -p n"));
     const MPlug world = plugNamed("child.worldMatrix[0]");
-    const double now = MDGContext().getTime().as(MTime::kFilm);
+    const double now = MAnimControl::currentTime().as(MTime::kFilm);
     EXPECT_EQ(matrixOf(world)(3, 1), 1.0 + 2.0 * now);
     {
         MDGContextGuard guard(MDGContext(MTime(10.0, MTime::kFilm)));

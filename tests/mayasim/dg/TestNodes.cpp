@@ -88,7 +88,9 @@ public:
     {
         if (plug != output)
             return MS::kUnknownParameter;
-        const double frames = block.context().getTime().as(MTime::kFilm);
+        MTime time;
+        block.context().getTime(time);
+        const double frames = time.as(MTime::kFilm);
         block.outputValue(output).setDouble(block.inputValue(input).asDouble() + 2.0 * frames);
         block.setClean(plug);
         return MS::kSuccess;
