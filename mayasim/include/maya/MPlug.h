@@ -1,12 +1,14 @@
 #pragma once
-#include <maya/MTypes.h>
-#include <maya/MObject.h>
 #include <maya/MStatus.h>
-#include <maya/MString.h>
-#include <vector>
+#include <maya/MTypes.h>
+#include <maya/MDGContext.h>
+#include <maya/MObject.h>
+#include <maya/MIntArray.h>
+#include <maya/MDeprecate.h>
 
 namespace mayasim {
 struct PlugAccess;
+struct PlugIndices;
 }
 
 OPENMAYA_MAJOR_NAMESPACE_OPEN
@@ -19,7 +21,7 @@ public:
     MPlug();
     MPlug(const MPlug& in);
     MPlug(const MObject& node, const MObject& attribute);
-    ~MPlug();
+    virtual ~MPlug();
 
     MStatus setAttribute(MObject& attribute);
     MObject attribute(MStatus* ReturnStatus = NULL) const;
@@ -45,14 +47,14 @@ public:
     MPlug elementByPhysicalIndex(unsigned int physicalIndex, MStatus* ReturnStatus = NULL) const;
     MPlug array(MStatus* ReturnStatus = NULL) const;
     MPlug parent(MStatus* ReturnStatus = NULL) const;
-    MPlug child(const MObject& attr, MStatus* ReturnStatus = NULL) const;
+    MPlug child(MObject& attr, MStatus* ReturnStatus = NULL) const;
     MPlug child(unsigned int index, MStatus* ReturnStatus = NULL) const;
     unsigned int numElements(MStatus* ReturnStatus = NULL) const;
-    unsigned int evaluateNumElements(MStatus* ReturnStatus = NULL) const;
+    unsigned int evaluateNumElements(MStatus* ReturnStatus = NULL);
     unsigned int numChildren(MStatus* ReturnStatus = NULL) const;
     unsigned int numConnectedElements(MStatus* ReturnStatus = NULL) const;
     unsigned int numConnectedChildren(MStatus* ReturnStatus = NULL) const;
-    int getExistingArrayAttributeIndices(MIntArray& indices, MStatus* ReturnStatus = NULL);
+    unsigned int getExistingArrayAttributeIndices(MIntArray& indices, MStatus* ReturnStatus = NULL);
     MStatus setNumElements(unsigned int);
 
     bool connectedTo(MPlugArray& array, bool asDst, bool asSrc, MStatus* ReturnStatus = NULL) const;
@@ -70,29 +72,17 @@ public:
     MStatus setChannelBox(bool channelBox);
 
     MObject asMObject(MStatus* ReturnStatus = NULL) const;
-    MObject asMObject(const MDGContext& ctx, MStatus* ReturnStatus = NULL) const;
     double asDouble(MStatus* ReturnStatus = NULL) const;
-    double asDouble(const MDGContext& ctx, MStatus* ReturnStatus = NULL) const;
     float asFloat(MStatus* ReturnStatus = NULL) const;
-    float asFloat(const MDGContext& ctx, MStatus* ReturnStatus = NULL) const;
     MInt64 asInt64(MStatus* ReturnStatus = NULL) const;
-    MInt64 asInt64(const MDGContext& ctx, MStatus* ReturnStatus = NULL) const;
     int asInt(MStatus* ReturnStatus = NULL) const;
-    int asInt(const MDGContext& ctx, MStatus* ReturnStatus = NULL) const;
     short asShort(MStatus* ReturnStatus = NULL) const;
-    short asShort(const MDGContext& ctx, MStatus* ReturnStatus = NULL) const;
     bool asBool(MStatus* ReturnStatus = NULL) const;
-    bool asBool(const MDGContext& ctx, MStatus* ReturnStatus = NULL) const;
     MDistance asMDistance(MStatus* ReturnStatus = NULL) const;
-    MDistance asMDistance(const MDGContext& ctx, MStatus* ReturnStatus = NULL) const;
     MAngle asMAngle(MStatus* ReturnStatus = NULL) const;
-    MAngle asMAngle(const MDGContext& ctx, MStatus* ReturnStatus = NULL) const;
     MTime asMTime(MStatus* ReturnStatus = NULL) const;
-    MTime asMTime(const MDGContext& ctx, MStatus* ReturnStatus = NULL) const;
     char asChar(MStatus* ReturnStatus = NULL) const;
-    char asChar(const MDGContext& ctx, MStatus* ReturnStatus = NULL) const;
     MString asString(MStatus* ReturnStatus = NULL) const;
-    MString asString(const MDGContext& ctx, MStatus* ReturnStatus = NULL) const;
 
     MStatus setMObject(const MObject& val);
     MStatus setDouble(double val);
@@ -122,10 +112,49 @@ private:
     MObject fNode;
     MObject fAttribute;
     // One logical index per array attribute on the path from the root
-    // attribute down to fAttribute; -1 where no element is chosen.
-    std::vector<int> fIndices;
+    // attribute down to fAttribute, -1 where no element is chosen; null
+    // when the path has no array.
+    mayasim::PlugIndices* fIndices;
 
     friend struct mayasim::PlugAccess;
+
+public:
+    OPENMAYA_DEPRECATED(2018, "Use asMObject(MStatus*) instead. "
+                              "If needed, use MDGContextGuard to switch the context.")
+    MObject asMObject(const MDGContext&, MStatus* ReturnStatus = NULL) const;
+    OPENMAYA_DEPRECATED(2018, "Use asDouble(MStatus*) instead. "
+                              "If needed, use MDGContextGuard to switch the context.")
+    double asDouble(const MDGContext&, MStatus* ReturnStatus = NULL) const;
+    OPENMAYA_DEPRECATED(2018, "Use asFloat(MStatus*) instead. "
+                              "If needed, use MDGContextGuard to switch the context.")
+    float asFloat(const MDGContext&, MStatus* ReturnStatus = NULL) const;
+    OPENMAYA_DEPRECATED(2018, "Use asInt64(MStatus*) instead. "
+                              "If needed, use MDGContextGuard to switch the context.")
+    MInt64 asInt64(const MDGContext&, MStatus* ReturnStatus = NULL) const;
+    OPENMAYA_DEPRECATED(2018, "Use asInt(MStatus*) instead. "
+                              "If needed, use MDGContextGuard to switch the context.")
+    int asInt(const MDGContext&, MStatus* ReturnStatus = NULL) const;
+    OPENMAYA_DEPRECATED(2018, "Use asShort(MStatus*) instead. "
+                              "If needed, use MDGContextGuard to switch the context.")
+    short asShort(const MDGContext&, MStatus* ReturnStatus = NULL) const;
+    OPENMAYA_DEPRECATED(2018, "Use asBool(MStatus*) instead. "
+                              "If needed, use MDGContextGuard to switch the context.")
+    bool asBool(const MDGContext&, MStatus* ReturnStatus = NULL) const;
+    OPENMAYA_DEPRECATED(2018, "Use asMDistance(MStatus*) instead. "
+                              "If needed, use MDGContextGuard to switch the context.")
+    MDistance asMDistance(const MDGContext&, MStatus* ReturnStatus = NULL) const;
+    OPENMAYA_DEPRECATED(2018, "Use asMAngle(MStatus*) instead. "
+                              "If needed, use MDGContextGuard to switch the context.")
+    MAngle asMAngle(const MDGContext&, MStatus* ReturnStatus = NULL) const;
+    OPENMAYA_DEPRECATED(2018, "Use asMTime(MStatus*) instead. "
+                              "If needed, use MDGContextGuard to switch the context.")
+    MTime asMTime(const MDGContext&, MStatus* ReturnStatus = NULL) const;
+    OPENMAYA_DEPRECATED(2018, "Use asChar(MStatus*) instead. "
+                              "If needed, use MDGContextGuard to switch the context.")
+    char asChar(const MDGContext&, MStatus* ReturnStatus = NULL) const;
+    OPENMAYA_DEPRECATED(2018, "Use asString(MStatus*) instead. "
+                              "If needed, use MDGContextGuard to switch the context.")
+    MString asString(const MDGContext&, MStatus* ReturnStatus = NULL) const;
 };
 
 OPENMAYA_NAMESPACE_CLOSE

@@ -15,6 +15,7 @@
 #include <maya/MIntArray.h>
 #include <maya/MPlugArray.h>
 #include <maya/MTime.h>
+#include <maya/MString.h>
 
 #include <cmath>
 
@@ -116,17 +117,46 @@ bool isElementPlug(const PlugKey& key)
     return key.attribute->array && !key.indices.empty() && key.indices.back() >= 0;
 }
 
+// No element chosen on any array along the attribute's path.
+PlugIndices* unchosenIndices(const Attribute* attribute)
+{
+    if (!attribute || attribute->arrayDepth() == 0)
+        return nullptr;
+    return new PlugIndices{std::vector<int>(static_cast<size_t>(attribute->arrayDepth()), -1)};
+}
+
+PlugIndices* copyOf(const PlugIndices* indices)
+{
+    return indices ? new PlugIndices(*indices) : nullptr;
+}
+
 } // namespace
 
-MPlug::MPlug() = default;
-MPlug::MPlug(const MPlug& in) = default;
-MPlug::~MPlug() = default;
-MPlug& MPlug::operator=(const MPlug& other) = default;
+MPlug::MPlug() : fIndices(nullptr) {}
 
-MPlug::MPlug(const MObject& node, const MObject& attribute) : fNode(node), fAttribute(attribute)
+MPlug::MPlug(const MPlug& in) : fNode(in.fNode), fAttribute(in.fAttribute), fIndices(copyOf(in.fIndices)) {}
+
+MPlug::~MPlug()
 {
-    if (const Attribute* a = attributeObject(attribute))
-        fIndices.assign(static_cast<size_t>(a->arrayDepth()), -1);
+    delete fIndices;
+}
+
+MPlug& MPlug::operator=(const MPlug& other)
+{
+    if (this != &other)
+    {
+        PlugIndices* indices = copyOf(other.fIndices);
+        delete fIndices;
+        fIndices = indices;
+        fNode = other.fNode;
+        fAttribute = other.fAttribute;
+    }
+    return *this;
+}
+
+MPlug::MPlug(const MObject& node, const MObject& attribute)
+    : fNode(node), fAttribute(attribute), fIndices(unchosenIndices(attributeObject(attribute)))
+{
 }
 
 MStatus MPlug::setAttribute(MObject& attribute)
@@ -135,7 +165,8 @@ MStatus MPlug::setAttribute(MObject& attribute)
     if (!a)
         return MS::kInvalidParameter;
     fAttribute = attribute;
-    fIndices.assign(static_cast<size_t>(a->arrayDepth()), -1);
+    delete fIndices;
+    fIndices = unchosenIndices(a);
     return MS::kSuccess;
 }
 
@@ -292,7 +323,7 @@ MPlug MPlug::parent(MStatus* ReturnStatus) const
     return withKey(t, *parentKey);
 }
 
-MPlug MPlug::child(const MObject& attr, MStatus* ReturnStatus) const
+MPlug MPlug::child(MObject& attr, MStatus* ReturnStatus) const
 {
     Target t = target(*this, ReturnStatus);
     if (t)
@@ -326,7 +357,7 @@ unsigned int MPlug::numElements(MStatus* ReturnStatus) const
     return static_cast<unsigned int>(existingIndices(*t.node, t.key).size());
 }
 
-unsigned int MPlug::evaluateNumElements(MStatus* ReturnStatus) const
+unsigned int MPlug::evaluateNumElements(MStatus* ReturnStatus)
 {
     return numElements(ReturnStatus);
 }
@@ -362,7 +393,7 @@ unsigned int MPlug::numConnectedChildren(MStatus* ReturnStatus) const
     return count;
 }
 
-int MPlug::getExistingArrayAttributeIndices(MIntArray& indices, MStatus* ReturnStatus)
+unsigned int MPlug::getExistingArrayAttributeIndices(MIntArray& indices, MStatus* ReturnStatus)
 {
     indices.clear();
     Target t = target(*this, ReturnStatus);
@@ -373,7 +404,7 @@ int MPlug::getExistingArrayAttributeIndices(MIntArray& indices, MStatus* ReturnS
     }
     for (int index : existingIndices(*t.node, t.key))
         indices.append(index);
-    return static_cast<int>(indices.length());
+    return indices.length();
 }
 
 MStatus MPlug::setNumElements(unsigned int)
@@ -668,7 +699,11 @@ MPlug MPlug::operator[](unsigned int physicalIndex) const
 
 bool MPlug::operator==(const MPlug& other) const
 {
-    return fNode == other.fNode && fAttribute == other.fAttribute && fIndices == other.fIndices;
+    if (fNode != other.fNode || fAttribute != other.fAttribute)
+        return false;
+    if (!fIndices || !other.fIndices)
+        return fIndices == other.fIndices;
+    return fIndices->values == other.fIndices->values;
 }
 
 bool MPlug::operator==(const MObject& other) const

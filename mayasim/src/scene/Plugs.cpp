@@ -13,13 +13,13 @@ MPlug PlugAccess::make(const Node& node, const PlugKey& key)
     MPlug plug;
     plug.fNode = objectOf(&node);
     plug.fAttribute = objectOf(key.attribute);
-    plug.fIndices = key.indices;
+    plug.fIndices = key.indices.empty() ? nullptr : new PlugIndices{key.indices};
     return plug;
 }
 
 PlugKey PlugAccess::key(const MPlug& plug)
 {
-    return PlugKey{attributeObject(plug.fAttribute), plug.fIndices};
+    return PlugKey{attributeObject(plug.fAttribute), plug.fIndices ? plug.fIndices->values : std::vector<int>()};
 }
 
 Node* PlugAccess::node(const MPlug& plug)

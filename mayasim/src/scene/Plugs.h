@@ -9,6 +9,12 @@
 
 namespace mayasim {
 
+// The element indices of an MPlug, held apart from its header.
+struct PlugIndices
+{
+    std::vector<int> values;
+};
+
 struct PlugAccess
 {
     static MPlug make(const Node& node, const PlugKey& key);
