@@ -10,6 +10,7 @@
 #include "Snapshot/Registration.h"
 #include "Tangent/Registration.h"
 #include "TangentBlending/Registration.h"
+#include "Ui/TimelineOverlay/Registration.h"
 #include "Utils/Nodes/SceneId/Registration.h"
 #include "Utils/Report.h"
 #include "Utils/Tasks.h"
@@ -39,6 +40,8 @@ PLUGIN_EXPORT MStatus initializePlugin(MObject obj)
         return status;
     if (!(status = ResetPose::registerCommand(plugin)))
         return status;
+    if (!(status = TimelineOverlay::registerCommand(plugin)))
+        return status;
     if (!(status = SceneId::registerNode(plugin)))
         return status;
     if (!(status = AnimationRecovery::registerCommand(plugin)))
@@ -66,6 +69,10 @@ PLUGIN_EXPORT MStatus uninitializePlugin(MObject obj)
     if (!(status = AnimationRecovery::deregisterCommand(plugin)))
         return status;
     if (!(status = SceneId::deregisterNode(plugin)))
+        return status;
+    // No overlay outlives its command.
+    TimelineOverlay::destroyAll();
+    if (!(status = TimelineOverlay::deregisterCommand(plugin)))
         return status;
     if (!(status = ResetPose::deregisterCommand(plugin)))
         return status;
