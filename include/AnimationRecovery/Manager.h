@@ -6,6 +6,7 @@
 #include <maya/MObject.h>
 #include <maya/MObjectArray.h>
 
+#include <QJsonArray>
 #include <QJsonObject>
 
 #include <cstdint>
@@ -14,7 +15,7 @@
 
 namespace AnimationRecovery {
 
-// Background saving of edited curves. Callbacks only note which curves
+// Background saving of edited curves and of the layer tree. Callbacks only note which curves
 // changed; the idle handler encodes one curve or writes one file a tick, so
 // an edit never waits for the disk. One for the whole session, until unload.
 class Manager
@@ -24,6 +25,8 @@ public:
     {
         EncodeCurves = 1,
         WriteCurves = 2,
+        EncodeLayers = 4,
+        WriteLayers = 8,
     };
 
     static Manager& instance();
@@ -47,21 +50,31 @@ private:
     void removeIdle();
     // One step of the saving; false when nothing is left to do.
     bool idleStep();
-    bool restoreAnimation(MAnimCurveChange& change, MDGModifier& modifier);
+    // The scene's recovery folder; a scene without its identity node takes the
+    // folder whose curves drive its nodes, and says so.
+    QString recoveryFolder() const;
+    bool restoreAnimation(const QString& folder, MAnimCurveChange& change, MDGModifier& modifier);
+    void removeLayerTimer();
 
     static void onKeysEdited(MObjectArray& editedKeys, void* clientData);
     static void onIdle(void* clientData);
     static void onStart(void* clientData);
     static void onPause(void* clientData);
+    static void onLayersChanged(void* clientData);
+    static void onLayerTimer(float elapsedTime, float lastTime, void* clientData);
 
     bool fEnabled = false;
     std::uint32_t fPendingWork = 0;
     MCallbackIdArray fSceneCallbacks;
     MCallbackIdArray fAnimCallbacks;
+    // One second after the last layer event, the layers are saved.
+    MCallbackId fLayerTimer = 0;
+    bool fHasLayerTimer = false;
     FileManager fFiles;
     // Curves waiting to be encoded, by MObjectHandle::hashCode.
     std::unordered_map<unsigned int, MObject> fEditedCurves;
     QJsonObject fPendingCurves;
+    QJsonArray fPendingLayers;
     // The idle callback while one exists.
     MCallbackId fIdleCallback = 0;
     bool fHasIdleCallback = false;

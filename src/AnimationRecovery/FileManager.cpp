@@ -14,6 +14,7 @@
 #include <maya/MPlug.h>
 #include <maya/MPlugArray.h>
 #include <maya/MSelectionList.h>
+#include <maya/MString.h>
 #include <maya/MTime.h>
 #include <maya/MUuid.h>
 
@@ -21,6 +22,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QJsonArray>
+#include <QRegularExpression>
 
 #include <algorithm>
 #include <cmath>
@@ -32,6 +34,8 @@ namespace AnimationRecovery {
 namespace {
 
 const QString LastModifiedFile = QStringLiteral("lastModified");
+const QString LayerFile = QStringLiteral("l");
+const QString RootLayer = QStringLiteral("BaseAnimation");
 const QString CurveFileSuffix = QStringLiteral("_a");
 
 // Keys of a curve record and of "lastModified".
@@ -43,6 +47,16 @@ const QString PreInfinityKey = QStringLiteral("r");
 const QString PostInfinityKey = QStringLiteral("o");
 const QString KeysKey = QStringLiteral("k");
 const QString TimeKey = QStringLiteral("l");
+
+// Keys of a layer map.
+const QString LayerNameKey = QStringLiteral("n");
+const QString MuteKey = QStringLiteral("m");
+const QString LockKey = QStringLiteral("l");
+const QString SoloKey = QStringLiteral("s");
+const QString WeightKey = QStringLiteral("w");
+const QString OverrideKey = QStringLiteral("o");
+const QString ParentKey = QStringLiteral("p");
+const QString AttributesKey = QStringLiteral("a");
 
 // Positions in a key array.
 enum KeyField { InAngle, InWeight, OutAngle, OutWeight, Value, InType, OutType, TangentsLocked, WeightsLocked, KeyFieldCount };
@@ -122,11 +136,13 @@ bool isWholeRecord(const QJsonValue& value)
     return true;
 }
 
+MString toMString(const QString& text) { return MString(text.toUtf8().constData()); }
+
 // The node of a destination identifier; null when no live node has it.
 MObject nodeByUuid(const QString& text)
 {
     MStatus status;
-    const MUuid uuid(MString(text.toUtf8().constData()), &status);
+    const MUuid uuid(toMString(text), &status);
     MSelectionList list;
     MObject node;
     if (!status || !uuid.valid() || !list.add(uuid) || !list.getDependNode(0, node) || !isValidObject(node))
@@ -134,9 +150,93 @@ MObject nodeByUuid(const QString& text)
     return node;
 }
 
+bool nodeExists(const QString& name)
+{
+    MSelectionList list;
+    return !name.isEmpty() && list.add(toMString(name));
+}
+
+bool plugBool(const MFnDependencyNode& node, const char* name)
+{
+    const MPlug plug = node.findPlug(name, false);
+    return !plug.isNull() && plug.asBool();
+}
+
+// Names a file gives for MEL text: a node name, or a plug of one. Anything
+// else (quotes, spaces, semicolons) would be MEL of the file's making.
+bool isNodeName(const QString& text)
+{
+    static const QRegularExpression pattern(QStringLiteral("^[A-Za-z_][A-Za-z0-9_:|]*$"));
+    return pattern.match(text).hasMatch();
+}
+
+bool isPlugName(const QString& text)
+{
+    static const QRegularExpression pattern(QStringLiteral("^[A-Za-z_][A-Za-z0-9_:|]*(\\.[A-Za-z_][A-Za-z0-9_]*(\\[[0-9]+\\])?)+$"));
+    return pattern.match(text).hasMatch();
+}
+
+void readLayer(const MObject& layer, bool isBase, std::vector<AnimLayerInfo>& layers)
+{
+    const MFnDependencyNode fn(layer);
+    AnimLayerInfo info;
+    info.name = QString::fromUtf8(fn.name().asChar());
+    info.mute = plugBool(fn, "mute");
+    info.lock = plugBool(fn, "lock");
+    info.solo = plugBool(fn, "solo");
+    const MPlug weight = fn.findPlug("weight", false);
+    info.weight = weight.isNull() ? 1.0 : weight.asDouble();
+    info.override = plugBool(fn, "override");
+    MPlugArray parents;
+    const MPlug parentLayer = fn.findPlug("parentLayer", false);
+    if (!parentLayer.isNull() && parentLayer.destinations(parents) && parents.length() > 0)
+        info.parent = QString::fromUtf8(MFnDependencyNode(parents[0].node()).name().asChar());
+    const MPlug members = fn.findPlug("dagSetMembers", false);
+    for (unsigned int i = 0; !members.isNull() && i < members.numElements(); ++i) {
+        const MPlug source = members.elementByPhysicalIndex(i).source();
+        if (!source.isNull())
+            info.attributes.push_back(QString::fromUtf8(source.name().asChar()));
+    }
+    info.isBase = isBase;
+    layers.push_back(info);
+
+    // Depth first, parents first: a rebuild in this order finds each parent made.
+    const MPlug children = fn.findPlug("childrenLayers", false);
+    for (unsigned int i = 0; !children.isNull() && i < children.numElements(); ++i) {
+        const MPlug source = children.elementByPhysicalIndex(i).source();
+        if (!source.isNull() && isValidObject(source.node()))
+            readLayer(source.node(), false, layers);
+    }
+}
+
+// The animLayer text that makes or edits one saved layer; empty when the
+// map isn't a whole layer.
+QString layerCommand(const QJsonObject& layer)
+{
+    const QString name = layer.value(LayerNameKey).toString();
+    const QString parent = layer.value(ParentKey).toString();
+    const double weight = layer.value(WeightKey).toDouble(NAN);
+    if (!isNodeName(name) || !(parent.isEmpty() || isNodeName(parent)) || !std::isfinite(weight))
+        return QString();
+    const auto flag = [&layer](const QString& key) {
+        return layer.value(key).toBool() ? QStringLiteral("1") : QStringLiteral("0");
+    };
+    QString text = QStringLiteral("animLayer");
+    if (nodeExists(name))
+        text += QStringLiteral(" -e ");
+    // A parent that isn't there (the root of a scene without layers) leaves the layer at the top.
+    if (nodeExists(parent))
+        text += QStringLiteral(" -parent \"") + parent + QStringLiteral("\"");
+    text += QStringLiteral(" -mute ") + flag(MuteKey) + QStringLiteral(" -override ") + flag(OverrideKey)
+            + QStringLiteral(" -solo ") + flag(SoloKey) + QStringLiteral(" -weight ")
+            + QString::number(weight, 'g', 6) + QStringLiteral(" -lock ") + flag(LockKey) + QStringLiteral(" \"")
+            + name + QStringLiteral("\"");
+    return text;
+}
+
 void deleteNodeNamed(const QString& name, MDGModifier& modifier)
 {
-    const MObject old = objectByName(MString(name.toUtf8().constData()));
+    const MObject old = objectByName(toMString(name));
     if (isValidObject(old)) {
         modifier.deleteNode(old);
         modifier.doIt();
@@ -269,6 +369,81 @@ QString FileManager::folderDrivingThisScene() const
     return newest;
 }
 
+std::vector<AnimLayerInfo> FileManager::collectLayers() const
+{
+    std::vector<AnimLayerInfo> layers;
+    const MObject root = objectByName(toMString(RootLayer));
+    if (isValidObject(root))
+        readLayer(root, true, layers);
+    return layers;
+}
+
+QJsonArray FileManager::encodeLayers() const
+{
+    QJsonArray array;
+    for (const AnimLayerInfo& layer : collectLayers()) {
+        if (layer.isBase)
+            continue;
+        QJsonArray attributes;
+        for (const QString& attribute : layer.attributes)
+            attributes.append(attribute);
+        array.append(QJsonObject{{LayerNameKey, layer.name},
+                                 {MuteKey, layer.mute},
+                                 {LockKey, layer.lock},
+                                 {SoloKey, layer.solo},
+                                 {WeightKey, layer.weight},
+                                 {OverrideKey, layer.override},
+                                 {ParentKey, layer.parent},
+                                 {AttributesKey, attributes}});
+    }
+    return array;
+}
+
+bool FileManager::writeLayers(const QJsonArray& layers) const
+{
+    const QString folder = sceneFolder();
+    if (folder.isEmpty())
+        return false;
+    writeLastModified(folder);
+    return writeValue(layers, joinPath(folder, LayerFile), File::Format::Cbor);
+}
+
+void FileManager::restoreLayers(const QString& folder, qint64 since) const
+{
+    if (folder.isEmpty())
+        return;
+    const QString path = joinPath(folder, LayerFile);
+    const QFileInfo info(path);
+    if (!info.exists() || info.lastModified().toMSecsSinceEpoch() <= since)
+        return;
+    const QJsonValue content = readValue(path, File::Format::Cbor);
+    if (!content.isArray()) {
+        OV_REPORT(QStringLiteral("failed to read recovery file: ") + path, "restoreLayers");
+        return;
+    }
+    for (const QJsonValue& value : content.toArray()) {
+        const QJsonObject layer = value.toObject();
+        const QString command = layerCommand(layer);
+        if (command.isEmpty()) {
+            OV_REPORT(QStringLiteral("bad layer record: ") + layer.value(LayerNameKey).toString(), "restoreLayers");
+            continue;
+        }
+        // A layer that fails doesn't stop the others.
+        MGlobal::executeCommand(toMString(command), false, true);
+        QString attributes;
+        for (const QJsonValue& attribute : layer.value(AttributesKey).toArray()) {
+            const QString plug = attribute.toString();
+            MSelectionList list;
+            if (isPlugName(plug) && list.add(toMString(plug)))
+                attributes += QStringLiteral("-attribute ") + plug + QStringLiteral(" ");
+        }
+        if (!attributes.isEmpty())
+            MGlobal::executeCommand(toMString(QStringLiteral("animLayer -e ") + attributes
+                                              + layer.value(LayerNameKey).toString()),
+                                    false, true);
+    }
+}
+
 void FileManager::applyAnimation(const QJsonObject& merged, MDGModifier& modifier, MAnimCurveChange& change) const
 {
     for (auto it = merged.begin(); it != merged.end(); ++it) {
@@ -287,7 +462,7 @@ void FileManager::applyAnimation(const QJsonObject& merged, MDGModifier& modifie
         }
         const QString plugName = record.value(PlugKey).toString();
         MStatus status;
-        const MPlug plug = MFnDependencyNode(destination).findPlug(MString(plugName.toUtf8().constData()), false,
+        const MPlug plug = MFnDependencyNode(destination).findPlug(toMString(plugName), false,
                                                                      &status);
         if (!status || plug.isNull()) {
             OV_REPORT(QStringLiteral("dest plug not found: ") + plugName, "applyAnimation");
@@ -308,7 +483,7 @@ void FileManager::applyAnimation(const QJsonObject& merged, MDGModifier& modifie
         MFnAnimCurve curve;
         const MObject created =
             curve.create(static_cast<MFnAnimCurve::AnimCurveType>(record.value(TypeKey).toInt()), &modifier);
-        modifier.renameNode(created, MString(name.toUtf8().constData()));
+        modifier.renameNode(created, toMString(name));
         modifier.doIt();
         modifier.connect(curve.findPlug("output", false), plug);
         modifier.doIt();

@@ -12,6 +12,8 @@
 #include <maya/MGlobal.h>
 #include <maya/MObjectHandle.h>
 #include <maya/MSceneMessage.h>
+#include <maya/MString.h>
+#include <maya/MTimerMessage.h>
 
 #include <QDir>
 
@@ -47,6 +49,10 @@ const SceneEvent SceneEvents[] = {
     {MSceneMessage::kAfterImport, true},
 };
 
+// Layer events: a burst of them comes to one save of the tree.
+const char* const LayerEvents[] = {"animLayerRebuild", "animLayerLockChanged", "animLayerBaseLockChanged",
+                                   "animLayerAnimationChanged"};
+
 } // namespace
 
 Manager& Manager::instance()
@@ -76,6 +82,7 @@ bool Manager::disable()
     fAnimCallbacks.clear();
     MMessage::removeCallbacks(fSceneCallbacks);
     fSceneCallbacks.clear();
+    removeLayerTimer();
     fEnabled = false;
     fPendingWork = 0;
     fEditedCurves.clear();
@@ -86,6 +93,8 @@ bool Manager::disable()
 void Manager::startAnimCallbacks()
 {
     fAnimCallbacks.append(MAnimMessage::addAnimKeyframeEditedCallback(onKeysEdited, this));
+    for (const char* event : LayerEvents)
+        fAnimCallbacks.append(MEventMessage::addEventCallback(event, onLayersChanged, this));
 }
 
 void Manager::pauseAnimCallbacks()
@@ -109,6 +118,30 @@ void Manager::onKeysEdited(MObjectArray& editedKeys, void* clientData)
     }
     manager.fPendingWork |= EncodeCurves;
     manager.ensureIdle();
+}
+
+void Manager::onLayersChanged(void* clientData)
+{
+    Manager& manager = *static_cast<Manager*>(clientData);
+    manager.removeLayerTimer();
+    manager.fLayerTimer = MTimerMessage::addTimerCallback(1.0f, onLayerTimer, clientData);
+    manager.fHasLayerTimer = true;
+}
+
+void Manager::onLayerTimer(float, float, void* clientData)
+{
+    Manager& manager = *static_cast<Manager*>(clientData);
+    manager.removeLayerTimer();
+    manager.fPendingWork |= EncodeLayers;
+    manager.ensureIdle();
+}
+
+void Manager::removeLayerTimer()
+{
+    if (!fHasLayerTimer)
+        return;
+    MMessage::removeCallback(fLayerTimer);
+    fHasLayerTimer = false;
 }
 
 void Manager::ensureIdle()
@@ -159,6 +192,16 @@ bool Manager::idleStep()
         fPendingCurves = QJsonObject();
         return true;
     }
+    if (fPendingWork & EncodeLayers) {
+        fPendingLayers = fFiles.encodeLayers();
+        fPendingWork = (fPendingWork & ~EncodeLayers) | WriteLayers;
+        return true;
+    }
+    if (fPendingWork & WriteLayers) {
+        fPendingWork &= ~WriteLayers;
+        fFiles.writeLayers(fPendingLayers);
+        return true;
+    }
     return false;
 }
 
@@ -166,33 +209,35 @@ bool Manager::restore(MAnimCurveChange& change, MDGModifier& modifier)
 {
     const bool wasEnabled = fEnabled;
     disable();
-    restoreAnimation(change, modifier);
+    const QString folder = recoveryFolder();
+    // Layers first: restored curves drive their blend nodes.
+    fFiles.restoreLayers(folder, std::max(fFiles.readLastModified(folder), fFiles.sceneFileTime()));
+    restoreAnimation(folder, change, modifier);
     if (wasEnabled)
         enable();
     return true;
 }
 
-bool Manager::restoreAnimation(MAnimCurveChange& change, MDGModifier& modifier)
+QString Manager::recoveryFolder() const
 {
-    // A scene opened without its identity node (recording began on it, and it
-    // wasn't saved again) finds its folder by the nodes its curves drive.
-    QString folder;
-    if (isValidObject(objectByName(SceneId::NodeName))) {
-        folder = fFiles.sceneFolder();
-    } else {
-        folder = fFiles.folderDrivingThisScene();
-        if (!folder.isEmpty())
-            MGlobal::displayInfo(MString("OVAnimationRecovery: restoring from ")
-                                 + QDir::toNativeSeparators(folder).toUtf8().constData());
-    }
+    if (isValidObject(objectByName(SceneId::NodeName)))
+        return fFiles.sceneFolder();
+    const QString folder = fFiles.folderDrivingThisScene();
+    if (!folder.isEmpty())
+        MGlobal::displayInfo(MString("OVAnimationRecovery: restoring from ")
+                             + QDir::toNativeSeparators(folder).toUtf8().constData());
+    return folder;
+}
+
+bool Manager::restoreAnimation(const QString& folder, MAnimCurveChange& change, MDGModifier& modifier)
+{
     const qint64 recorded = fFiles.readLastModified(folder);
     if (recorded == 0) {
         OV_REPORT(QStringLiteral("faile to find last modified"), "restoreAnimation");
         return false;
     }
-    // Only what was saved after both the last save recovery saw and the scene file as it is now.
-    const qint64 since = std::max(recorded, fFiles.sceneFileTime());
-    fFiles.applyAnimation(fFiles.readCurves(folder, since), modifier, change);
+    // Only what was saved since both the last save recovery saw and the scene file as it is now.
+    fFiles.applyAnimation(fFiles.readCurves(folder, std::max(recorded, fFiles.sceneFileTime())), modifier, change);
     return true;
 }
 

@@ -11,10 +11,13 @@
 #include <maya/MItDependencyNodes.h>
 #include <maya/MPlug.h>
 #include <maya/MPlugArray.h>
+#include <maya/MString.h>
+#include <maya/MStringArray.h>
 #include <mayasim/Host.h>
 
 #include <gmock/gmock.h>
 
+#include <QCborArray>
 #include <QCborMap>
 #include <QCborValue>
 #include <QRegularExpression>
@@ -176,11 +179,13 @@ TEST_F(Recovery, PausesOnNewSceneAndResumesOnOpenOrImport)
     EXPECT_GT(recording, before);
 
     ASSERT_TRUE(MFileIO::newFile(true));
-    EXPECT_EQ(mayasim::host::callbackCount(), recording - 1) << "the key callback goes";
+    // The key callback and the four layer event callbacks go.
+    const size_t paused = recording - 5;
+    EXPECT_EQ(mayasim::host::callbackCount(), paused);
     ASSERT_TRUE(mel("createNode transform -n obj"));
     save(workFile(QStringLiteral("other.ma")));
     ASSERT_TRUE(mel("OVAnimationRecovery -enable true")); // on already: starts nothing
-    EXPECT_EQ(mayasim::host::callbackCount(), recording - 1);
+    EXPECT_EQ(mayasim::host::callbackCount(), paused);
     keyPlug("obj.ty", {{1, 1}});
     idle();
     EXPECT_TRUE(curveFiles().isEmpty()) << "paused: nothing saved";
@@ -259,6 +264,78 @@ TEST_F(Recovery, SceneWithoutItsIdentityNodeFindsItsFolderByTheNodesItsCurvesDri
     for (const auto& line : mayasim::host::output())
         said = said || line.text.find("restoring from") != std::string::npos;
     EXPECT_TRUE(said);
+}
+
+} // namespace
+
+namespace {
+
+class RecoveryLayers : public Recovery
+{
+protected:
+    static std::string query(const std::string& text)
+    {
+        MString result;
+        MGlobal::executeCommand(text.c_str(), result);
+        return result.asChar();
+    }
+    static double number(const std::string& text)
+    {
+        double result = 0;
+        MGlobal::executeCommand(text.c_str(), result);
+        return result;
+    }
+};
+
+TEST_F(RecoveryLayers, TheLayerTreeIsSavedOneSecondAfterItsLastEventAndRebuiltBeforeTheCurves)
+{
+    ASSERT_TRUE(mel("OVAnimationRecovery -enable true"));
+    save(scenePath());
+    ASSERT_TRUE(mel("animLayer L1; animLayer -parent L1 L2; animLayer -e -weight 0.1234567 -mute 1 L1"));
+    ASSERT_TRUE(mel("animLayer -e -attribute obj.tx -attribute obj.ry L2; animLayer -e -lock 1 -override 1 L2"));
+    double id = 0;
+    ASSERT_TRUE(MGlobal::executeCommand("getAttr OVSceneId.id", id));
+    const QString folder = QDir(recoveryRoot()).filePath(QString::number(id, 'f', 0));
+    const QString layerFile = QDir(folder).filePath(QStringLiteral("l"));
+    mayasim::host::advanceClock(0.9);
+    idle();
+    EXPECT_FALSE(QFileInfo::exists(layerFile)) << "not within a second of the last event";
+    mayasim::host::advanceClock(0.2);
+    idle();
+    ASSERT_TRUE(QFileInfo::exists(layerFile));
+    const QCborArray saved = QCborValue::fromCbor(readBytes(layerFile)).toArray();
+    ASSERT_EQ(saved.size(), 2) << "the root isn't saved";
+    EXPECT_EQ(saved[0].toMap().value(QStringLiteral("n")).toString(), QStringLiteral("L1"));
+    EXPECT_EQ(saved[0].toMap().value(QStringLiteral("p")).toString(), QStringLiteral("BaseAnimation"));
+    EXPECT_EQ(saved[1].toMap().value(QStringLiteral("p")).toString(), QStringLiteral("L1"));
+    EXPECT_EQ(saved[1].toMap().value(QStringLiteral("a")).toArray().size(), 2);
+
+    // The saved scene has no layers: they come back, the first at the top.
+    reopen(scenePath());
+    expectOneUndoStep([] { ASSERT_TRUE(mel("OVAnimationRecovery -restore")); });
+    EXPECT_EQ(query("animLayer -q -parent L1"), "BaseAnimation");
+    EXPECT_EQ(query("animLayer -q -parent L2"), "L1");
+    EXPECT_DOUBLE_EQ(number("animLayer -q -weight L1"), 0.123457);
+    EXPECT_EQ(number("animLayer -q -mute L1"), 1.0);
+    EXPECT_EQ(number("animLayer -q -lock L2"), 1.0);
+    EXPECT_EQ(number("animLayer -q -override L2"), 1.0);
+    MStringArray members;
+    MGlobal::executeCommand("animLayer -q -attribute L2", members);
+    EXPECT_EQ(members.length(), 2u);
+    EXPECT_TRUE(reports().empty()) << reports().front();
+
+    // Edited in place a second time, not duplicated; names that would be MEL are refused.
+    QCborArray hostile = saved;
+    QCborMap bad = saved[1].toMap();
+    bad.insert(QStringLiteral("n"), QStringLiteral("L3\"; delete obj; \""));
+    hostile.append(bad);
+    ASSERT_TRUE(writeBytes(layerFile, QCborValue(hostile).toCbor()));
+    ASSERT_TRUE(mel("OVAnimationRecovery -restore"));
+    EXPECT_FALSE(nodeNamed("obj").isNull());
+    EXPECT_TRUE(nodeNamed("L3").isNull());
+    EXPECT_TRUE(nodeNamed("L4").isNull() && nodeNamed("L11").isNull());
+    ASSERT_FALSE(reports().empty());
+    EXPECT_THAT(reports().back(), HasSubstr("bad layer record: "));
 }
 
 } // namespace

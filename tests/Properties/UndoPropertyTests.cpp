@@ -150,6 +150,7 @@ const std::vector<Tool> tools{
                 + r.pick(channels);
      }},
     {"current time", 2, [](Random& r) { return "currentTime " + r.number(0, 26, 0.5); }},
+    {"recovery restore", 1, [](Random&) { return std::string("OVAnimationRecovery -restore"); }},
 };
 
 const Tool& drawTool(Random& random)
