@@ -1,13 +1,12 @@
 #pragma once
-#include <maya/MTypes.h>
-#include <maya/MFn.h>
-#include <maya/MObject.h>
 #include <maya/MStatus.h>
-#include <maya/MString.h>
-#include <vector>
+#include <maya/MTypes.h>
+#include <maya/MObject.h>
+#include <maya/MDeprecate.h>
 
 namespace mayasim {
 struct DagPathAccess;
+struct DagPathNodes;
 }
 
 OPENMAYA_MAJOR_NAMESPACE_OPEN
@@ -22,7 +21,6 @@ public:
 
     static MStatus getAllPathsTo(const MObject& node, MDagPathArray& pathArray);
     static MStatus getAPathTo(const MObject& node, MDagPath& path);
-    static MDagPath getAPathTo(const MObject& node, MStatus* ReturnStatus = NULL);
 
     bool hasFn(MFn::Type type, MStatus* ReturnStatus = NULL) const;
     MFn::Type apiType(MStatus* ReturnStatus = NULL) const;
@@ -53,9 +51,13 @@ public:
 
     static const char* className();
 
+    OPENMAYA_DEPRECATED(2019, "The function signature was inconsistent with the rest of the API. "
+                              "Please use the other MDagPath::getAPathTo method instead.")
+    static MDagPath getAPathTo(const MObject& node, MStatus* ReturnStatus = NULL);
+
 private:
     // The nodes from the top of the hierarchy down to the path's node.
-    std::vector<MObject> fNodes;
+    mayasim::DagPathNodes* fNodes;
 
     friend struct mayasim::DagPathAccess;
 };

@@ -19,10 +19,20 @@ Node* last(const std::vector<MObject>& nodes)
 
 } // namespace
 
-MDagPath::MDagPath() = default;
-MDagPath::MDagPath(const MDagPath& src) = default;
-MDagPath::~MDagPath() = default;
-MDagPath& MDagPath::operator=(const MDagPath& src) = default;
+MDagPath::MDagPath() : fNodes(new DagPathNodes) {}
+
+MDagPath::MDagPath(const MDagPath& src) : fNodes(new DagPathNodes(*src.fNodes)) {}
+
+MDagPath::~MDagPath()
+{
+    delete fNodes;
+}
+
+MDagPath& MDagPath::operator=(const MDagPath& src)
+{
+    fNodes->nodes = src.fNodes->nodes;
+    return *this;
+}
 
 MStatus MDagPath::getAllPathsTo(const MObject& node, MDagPathArray& pathArray)
 {
@@ -65,12 +75,12 @@ MFn::Type MDagPath::apiType(MStatus* ReturnStatus) const
 bool MDagPath::isValid(MStatus* ReturnStatus) const
 {
     setStatus(ReturnStatus, MS::kSuccess);
-    if (fNodes.empty())
+    if (fNodes->nodes.empty())
         return false;
-    for (size_t i = 0; i < fNodes.size(); ++i)
+    for (size_t i = 0; i < fNodes->nodes.size(); ++i)
     {
-        const Node* n = nodeObject(fNodes[i]);
-        if (!n || !n->alive || (i > 0 && n->parentNode().get() != nodeObject(fNodes[i - 1])))
+        const Node* n = nodeObject(fNodes->nodes[i]);
+        if (!n || !n->alive || (i > 0 && n->parentNode().get() != nodeObject(fNodes->nodes[i - 1])))
             return false;
     }
     return true;
@@ -78,13 +88,13 @@ bool MDagPath::isValid(MStatus* ReturnStatus) const
 
 MObject MDagPath::node(MStatus* ReturnStatus) const
 {
-    setStatus(ReturnStatus, fNodes.empty() ? MS::kFailure : MS::kSuccess);
-    return fNodes.empty() ? MObject() : fNodes.back();
+    setStatus(ReturnStatus, fNodes->nodes.empty() ? MS::kFailure : MS::kSuccess);
+    return fNodes->nodes.empty() ? MObject() : fNodes->nodes.back();
 }
 
 MObject MDagPath::transform(MStatus* ReturnStatus) const
 {
-    for (auto it = fNodes.rbegin(); it != fNodes.rend(); ++it)
+    for (auto it = fNodes->nodes.rbegin(); it != fNodes->nodes.rend(); ++it)
         if (it->hasFn(MFn::kTransform))
         {
             setStatus(ReturnStatus, MS::kSuccess);
@@ -97,12 +107,12 @@ MObject MDagPath::transform(MStatus* ReturnStatus) const
 unsigned int MDagPath::length(MStatus* ReturnStatus) const
 {
     setStatus(ReturnStatus, MS::kSuccess);
-    return static_cast<unsigned int>(fNodes.size());
+    return static_cast<unsigned int>(fNodes->nodes.size());
 }
 
 MStatus MDagPath::extendToShape()
 {
-    const Node* n = last(fNodes);
+    const Node* n = last(fNodes->nodes);
     if (!n)
         return MS::kFailure;
     if (n->isShape())
@@ -116,7 +126,7 @@ MStatus MDagPath::extendToShape()
 
 MStatus MDagPath::extendToShapeDirectlyBelow(unsigned int index)
 {
-    const Node* n = last(fNodes);
+    const Node* n = last(fNodes->nodes);
     if (!n)
         return MS::kFailure;
     unsigned int seen = 0;
@@ -129,7 +139,7 @@ MStatus MDagPath::extendToShapeDirectlyBelow(unsigned int index)
 MStatus MDagPath::numberOfShapesDirectlyBelow(unsigned int& count) const
 {
     count = 0;
-    const Node* n = last(fNodes);
+    const Node* n = last(fNodes->nodes);
     if (!n)
         return MS::kFailure;
     for (const auto& child : n->children)
@@ -140,43 +150,43 @@ MStatus MDagPath::numberOfShapesDirectlyBelow(unsigned int& count) const
 MStatus MDagPath::push(const MObject& child)
 {
     const Node* c = nodeObject(child);
-    if (!c || !c->isDag() || c->parentNode().get() != last(fNodes))
+    if (!c || !c->isDag() || c->parentNode().get() != last(fNodes->nodes))
         return MS::kInvalidParameter;
-    fNodes.push_back(child);
+    fNodes->nodes.push_back(child);
     return MS::kSuccess;
 }
 
 MStatus MDagPath::pop(unsigned int num)
 {
-    if (num > fNodes.size())
+    if (num > fNodes->nodes.size())
         return MS::kInvalidParameter;
-    fNodes.resize(fNodes.size() - num);
+    fNodes->nodes.resize(fNodes->nodes.size() - num);
     return MS::kSuccess;
 }
 
 unsigned int MDagPath::childCount(MStatus* ReturnStatus) const
 {
     setStatus(ReturnStatus, MS::kSuccess);
-    return static_cast<unsigned int>(scene::childrenOf(last(fNodes)).size());
+    return static_cast<unsigned int>(scene::childrenOf(last(fNodes->nodes)).size());
 }
 
 MObject MDagPath::child(unsigned int i, MStatus* ReturnStatus) const
 {
-    const auto& children = scene::childrenOf(last(fNodes));
+    const auto& children = scene::childrenOf(last(fNodes->nodes));
     setStatus(ReturnStatus, i < children.size() ? MS::kSuccess : MS::kInvalidParameter);
     return i < children.size() ? objectOf(children[i].get()) : MObject();
 }
 
 MMatrix MDagPath::inclusiveMatrix(MStatus* ReturnStatus) const
 {
-    Node* n = last(fNodes);
+    Node* n = last(fNodes->nodes);
     setStatus(ReturnStatus, n ? MS::kSuccess : MS::kFailure);
     return n ? transform::worldMatrix(*n) : MMatrix();
 }
 
 MMatrix MDagPath::exclusiveMatrix(MStatus* ReturnStatus) const
 {
-    Node* n = last(fNodes);
+    Node* n = last(fNodes->nodes);
     setStatus(ReturnStatus, n ? MS::kSuccess : MS::kFailure);
     return n ? transform::parentMatrix(*n) : MMatrix();
 }
@@ -193,24 +203,24 @@ MMatrix MDagPath::exclusiveMatrixInverse(MStatus* ReturnStatus) const
 
 bool MDagPath::operator==(const MDagPath& src) const
 {
-    return fNodes == src.fNodes;
+    return fNodes->nodes == src.fNodes->nodes;
 }
 
 MStatus MDagPath::set(const MDagPath& src)
 {
-    fNodes = src.fNodes;
+    fNodes->nodes = src.fNodes->nodes;
     return MS::kSuccess;
 }
 
 unsigned int MDagPath::pathCount(MStatus* ReturnStatus) const
 {
     setStatus(ReturnStatus, MS::kSuccess);
-    return fNodes.empty() ? 0 : 1;
+    return fNodes->nodes.empty() ? 0 : 1;
 }
 
 MStatus MDagPath::getPath(MDagPath& path, unsigned int i) const
 {
-    if (i != 0 || fNodes.empty())
+    if (i != 0 || fNodes->nodes.empty())
         return MS::kInvalidParameter;
     path = *this;
     return MS::kSuccess;
@@ -218,14 +228,14 @@ MStatus MDagPath::getPath(MDagPath& path, unsigned int i) const
 
 MString MDagPath::fullPathName(MStatus* ReturnStatus) const
 {
-    const Node* n = last(fNodes);
+    const Node* n = last(fNodes->nodes);
     setStatus(ReturnStatus, n ? MS::kSuccess : MS::kFailure);
     return n ? MString(scene::fullPathName(*n).c_str()) : MString();
 }
 
 MString MDagPath::partialPathName(MStatus* ReturnStatus) const
 {
-    const Node* n = last(fNodes);
+    const Node* n = last(fNodes->nodes);
     setStatus(ReturnStatus, n ? MS::kSuccess : MS::kFailure);
     return n ? MString(scene::partialPathName(*n).c_str()) : MString();
 }

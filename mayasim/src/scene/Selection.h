@@ -13,10 +13,16 @@
 
 namespace mayasim {
 
+// What an MDagPath holds, apart from its header.
+struct DagPathNodes
+{
+    std::vector<MObject> nodes;
+};
+
 struct DagPathAccess
 {
-    static std::vector<MObject>& nodes(MDagPath& path) { return path.fNodes; }
-    static const std::vector<MObject>& nodes(const MDagPath& path) { return path.fNodes; }
+    static std::vector<MObject>& nodes(MDagPath& path) { return path.fNodes->nodes; }
+    static const std::vector<MObject>& nodes(const MDagPath& path) { return path.fNodes->nodes; }
 };
 
 // The DAG path from the top of the hierarchy down to a node.
