@@ -3,6 +3,8 @@
 // one undo step, on the scene as it was last saved.
 #include "DataFolderTest.h"
 
+#include "AnimationRecovery/FileManager.h"
+
 #include <maya/MAngle.h>
 #include <maya/MFileIO.h>
 #include <maya/MFnAnimCurve.h>
@@ -169,6 +171,19 @@ TEST_F(Recovery, OnlyFilesNewerThanTheSceneFileCount)
     EXPECT_TRUE(nodeNamed("obj_translateX").isNull());
 }
 
+TEST_F(Recovery, WritesWithinOneMillisecondEachGetAFileOfTheirOwn)
+{
+    ASSERT_TRUE(mel("OVAnimationRecovery -enable true"));
+    save(scenePath());
+    const AnimationRecovery::FileManager files;
+    for (int i = 0; i < 20; ++i)
+        ASSERT_TRUE(files.writeCurves(QJsonObject{{QString::number(i), QJsonObject()}}));
+    EXPECT_EQ(curveFiles().size(), 20);
+    // Every one of them is read back.
+    const QJsonObject merged = files.readCurves(files.sceneFolder(), 0);
+    EXPECT_EQ(merged.size(), 20);
+}
+
 TEST_F(Recovery, PausesOnNewSceneAndResumesOnOpenOrImport)
 {
     save(scenePath());
@@ -208,7 +223,9 @@ TEST_F(Recovery, PausesOnNewSceneAndResumesOnOpenOrImport)
 
 TEST_F(Recovery, UntitledSceneSavesNothingAndRestoreSaysSo)
 {
+    const size_t off = mayasim::host::callbackCount();
     ASSERT_TRUE(mel("OVAnimationRecovery -enable true"));
+    const size_t on = mayasim::host::callbackCount();
     EXPECT_FALSE(nodeNamed("OVSceneId").isNull()) << "the identity is there before the first save";
     keyPlug("obj.tx", {{1, 1}, {5, 3}});
     idle();
@@ -218,6 +235,10 @@ TEST_F(Recovery, UntitledSceneSavesNothingAndRestoreSaysSo)
     EXPECT_EQ(sceneText(), scene);
     ASSERT_EQ(reports().size(), 1u);
     EXPECT_THAT(reports()[0], HasSubstr("Message: faile to find last modified\n"));
+    // A restore leaves recording as it found it, on or off.
+    EXPECT_EQ(mayasim::host::callbackCount(), on);
+    ASSERT_TRUE(mel("OVAnimationRecovery -enable false; OVAnimationRecovery -restore"));
+    EXPECT_EQ(mayasim::host::callbackCount(), off);
     EXPECT_FALSE(mel("OVAnimationRecovery -enable")) << "the flag needs its boolean";
 }
 
