@@ -1,10 +1,9 @@
 #pragma once
-#include <maya/MTypes.h>
 #include <maya/MFn.h>
-#include <memory>
+#include <maya/MTypes.h>
 
 namespace mayasim {
-class Object;
+struct ObjectAccess;
 }
 
 OPENMAYA_MAJOR_NAMESPACE_OPEN
@@ -27,14 +26,13 @@ public:
     MObject& operator=(MObject&& other) noexcept;
 
     static MObject kNullObj;
-    static const char* className();
-
-    // mayasim: the object behind the handle.
-    explicit MObject(std::shared_ptr<mayasim::Object> object);
-    const std::shared_ptr<mayasim::Object>& simObject() const { return fObject; }
 
 private:
-    std::shared_ptr<mayasim::Object> fObject;
+    friend struct mayasim::ObjectAccess;
+    MObject(void* object);
+
+    // A shared hold on the object behind the handle.
+    alignas(void*) unsigned char fObject[2 * sizeof(void*)];
 };
 
 OPENMAYA_NAMESPACE_CLOSE

@@ -30,7 +30,7 @@ public:
 private:
     // A handle doesn't keep its object alive: Maya frees a deleted node once
     // nothing (the undo queue) holds it, and the handle then reports it dead.
-    std::weak_ptr<mayasim::Object> fObject;
+    alignas(void*) unsigned char fObject[2 * sizeof(void*)];
     mutable MObject fRef; // what objectRef() last handed out
     unsigned int fHash = 0;
 };

@@ -14,7 +14,7 @@ NodeRef nodeRef(const MObject& node)
 {
     if (!node.hasFn(MFn::kDependencyNode))
         return {};
-    return {node.simObject().get(), node.simObject()};
+    return {sharedObject(node).get(), sharedObject(node)};
 }
 
 bool nodeIsOfType(const MObject& node, const std::string& typeName)
@@ -28,7 +28,7 @@ namespace {
 void visitBelow(const MDagPath& path, std::set<const void*>& seen, const std::function<void(MObject&)>& visit)
 {
     MObject node = path.node();
-    if (!seen.insert(node.simObject().get()).second)
+    if (!seen.insert(sharedObject(node).get()).second)
         return; // an instance reached twice
     visit(node);
     for (unsigned int i = 0; i < path.childCount(); ++i)

@@ -135,7 +135,7 @@ void startPlugin(const std::string& name, const std::string& path, void* module,
     plugin->path = path;
     const void* codeBase = module ? codeBaseOf(reinterpret_cast<const void*>(init)) : nullptr;
     state().loaded.push_back(Loaded{plugin, module, codeBase, uninit});
-    if (!init(MObject(plugin))) {
+    if (!init(makeObject(plugin))) {
         dropLeftovers(*findModule(name));
         state().loaded.erase(findModule(name));
         if (module)
@@ -208,7 +208,7 @@ MelValue unloadPlugin(const Invocation& call)
         throw MelError("Plug-in, \"" + module.plugin->name + "\", is still in use and cannot be unloaded: the scene "
                        "holds its node" + (inUse.size() > 1 ? "s " : " ") + joinedNames(inUse) +
                        ". Use -force to unload it anyway.");
-    if (!module.uninitialize(MObject(module.plugin)))
+    if (!module.uninitialize(makeObject(module.plugin)))
         throw MelError("uninitializePlugin function failed (" + module.plugin->name + ")");
     // Commands and deleted nodes kept by the undo queue live in the module's code.
     undo::flush();
@@ -226,7 +226,7 @@ BuiltinRegistrar unloadRegistrar("unloadPlugin", &unloadPlugin);
 
 std::shared_ptr<Plugin> pluginOf(const MObject& object)
 {
-    return std::dynamic_pointer_cast<Plugin>(object.simObject());
+    return std::dynamic_pointer_cast<Plugin>(sharedObject(object));
 }
 
 std::shared_ptr<Plugin> findLoaded(const std::string& name)

@@ -49,7 +49,7 @@ bool getFlag(const MObject& object, bool Attribute::*flag, MStatus* status)
 
 MObject created(MObject& target, const AttributePtr& attribute, MStatus* status)
 {
-    target = MObject(attribute);
+    target = makeObject(attribute);
     setStatus(status, MS::kSuccess);
     return target;
 }
@@ -207,7 +207,7 @@ MObject MFnAttribute::parent(MStatus* s) const
     AttributePtr parent = a ? a->parentAttribute() : nullptr;
     if (a && !parent)
         setStatus(s, MS::kFailure);
-    return parent ? MObject(parent) : MObject();
+    return parent ? makeObject(parent) : MObject();
 }
 
 const char* MFnAttribute::className() { return "MFnAttribute"; }
@@ -314,7 +314,7 @@ MObject MFnNumericAttribute::child(unsigned int index, MStatus* s) const
         setStatus(s, MS::kFailure);
         return MObject();
     }
-    return MObject(a->children[index]);
+    return makeObject(a->children[index]);
 }
 
 bool MFnNumericAttribute::hasMin(MStatus* s) const { return hasBound(fObject, &Attribute::minimum, s); }
@@ -615,7 +615,7 @@ MObject MFnCompoundAttribute::child(unsigned int index, MStatus* s) const
         setStatus(s, MS::kFailure);
         return MObject();
     }
-    return MObject(a->children[index]);
+    return makeObject(a->children[index]);
 }
 
 const char* MFnCompoundAttribute::className() { return "MFnCompoundAttribute"; }

@@ -168,7 +168,7 @@ MObject MFnDependencyNode::attribute(unsigned int index, MStatus* ReturnStatus) 
         setStatus(ReturnStatus, MS::kInvalidParameter);
         return MObject();
     }
-    return MObject(all[index]);
+    return makeObject(all[index]);
 }
 
 MObject MFnDependencyNode::attribute(const MString& attrName, MStatus* ReturnStatus) const
@@ -177,7 +177,7 @@ MObject MFnDependencyNode::attribute(const MString& attrName, MStatus* ReturnSta
     AttributePtr found = node ? node->findAttribute(attrName.asChar()) : nullptr;
     if (node && !found)
         setStatus(ReturnStatus, MS::kInvalidParameter);
-    return found ? MObject(found) : MObject();
+    return found ? makeObject(found) : MObject();
 }
 
 MFnDependencyNode::MAttrClass MFnDependencyNode::attributeClass(const MObject& attr, MStatus* ReturnStatus) const

@@ -110,7 +110,7 @@ MStatus MFnPlugin::deregisterCommand(const MString& commandName)
 MObject MFnPlugin::findPlugin(const MString& pluginName)
 {
     auto plugin = mayasim::plugins::findLoaded(pluginName.asChar());
-    return plugin ? MObject(plugin) : MObject();
+    return plugin ? makeObject(plugin) : MObject();
 }
 
 const char* MFnPlugin::className()

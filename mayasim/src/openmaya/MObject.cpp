@@ -1,34 +1,91 @@
 #include <maya/MObject.h>
 #include <maya/MObjectHandle.h>
 
+#include "foundation/InPlace.h"
 #include "scene/Node.h"
 
 #include <functional>
 
+using mayasim::buildInPlace;
+using mayasim::destroyInPlace;
+using mayasim::inPlace;
+using mayasim::sharedObject;
+
+namespace {
+
+using Hold = std::shared_ptr<mayasim::Object>;
+using WeakHold = std::weak_ptr<mayasim::Object>;
+
+} // namespace
+
 MObject MObject::kNullObj;
 
-MObject::MObject() = default;
-MObject::MObject(const MObject& other) = default;
-MObject::MObject(MObject&& other) noexcept = default;
-MObject::~MObject() = default;
-MObject& MObject::operator=(const MObject& other) = default;
-MObject& MObject::operator=(MObject&& other) noexcept = default;
+MObject::MObject()
+{
+    buildInPlace<Hold>(fObject);
+}
 
-MObject::MObject(std::shared_ptr<mayasim::Object> object) : fObject(std::move(object)) {}
+MObject::MObject(const MObject& other)
+{
+    buildInPlace<Hold>(fObject, inPlace<Hold>(other.fObject));
+}
+
+MObject::MObject(MObject&& other) noexcept
+{
+    buildInPlace<Hold>(fObject, std::move(inPlace<Hold>(other.fObject)));
+}
+
+MObject::MObject(void* object)
+{
+    buildInPlace<Hold>(fObject, std::move(*static_cast<Hold*>(object)));
+}
+
+MObject::~MObject()
+{
+    destroyInPlace<Hold>(fObject);
+}
+
+MObject& MObject::operator=(const MObject& other)
+{
+    inPlace<Hold>(fObject) = inPlace<Hold>(other.fObject);
+    return *this;
+}
+
+MObject& MObject::operator=(MObject&& other) noexcept
+{
+    inPlace<Hold>(fObject) = std::move(inPlace<Hold>(other.fObject));
+    return *this;
+}
+
+namespace mayasim {
+
+MObject ObjectAccess::make(std::shared_ptr<Object> object)
+{
+    return MObject(&object);
+}
+
+const std::shared_ptr<Object>& ObjectAccess::shared(const MObject& object)
+{
+    return inPlace<Hold>(object.fObject);
+}
+
+} // namespace mayasim
 
 bool MObject::hasFn(MFn::Type fs) const
 {
-    return fObject && fObject->hasFn(fs);
+    const Hold& object = inPlace<Hold>(fObject);
+    return object && object->hasFn(fs);
 }
 
 bool MObject::isNull() const
 {
-    return !fObject;
+    return !inPlace<Hold>(fObject);
 }
 
 MFn::Type MObject::apiType() const
 {
-    return fObject ? fObject->apiType() : MFn::kInvalid;
+    const Hold& object = inPlace<Hold>(fObject);
+    return object ? object->apiType() : MFn::kInvalid;
 }
 
 const char* MObject::apiTypeStr() const
@@ -62,17 +119,12 @@ const char* MObject::apiTypeStr() const
 
 bool MObject::operator==(const MObject& other) const
 {
-    return fObject == other.fObject;
+    return inPlace<Hold>(fObject) == inPlace<Hold>(other.fObject);
 }
 
 bool MObject::operator!=(const MObject& other) const
 {
-    return fObject != other.fObject;
-}
-
-const char* MObject::className()
-{
-    return "MObject";
+    return inPlace<Hold>(fObject) != inPlace<Hold>(other.fObject);
 }
 
 // --- MObjectHandle ---------------------------------------------------------
@@ -88,20 +140,29 @@ unsigned int hashOf(const std::shared_ptr<mayasim::Object>& object)
 
 } // namespace
 
-MObjectHandle::MObjectHandle() = default;
-
-MObjectHandle::MObjectHandle(const MObject& object)
-    : fObject(object.simObject()), fHash(hashOf(object.simObject()))
+MObjectHandle::MObjectHandle()
 {
+    buildInPlace<WeakHold>(fObject);
 }
 
-MObjectHandle::MObjectHandle(const MObjectHandle& handle) = default;
+MObjectHandle::MObjectHandle(const MObject& object) : fHash(hashOf(sharedObject(object)))
+{
+    buildInPlace<WeakHold>(fObject, sharedObject(object));
+}
 
-MObjectHandle::~MObjectHandle() = default;
+MObjectHandle::MObjectHandle(const MObjectHandle& handle) : fRef(handle.fRef), fHash(handle.fHash)
+{
+    buildInPlace<WeakHold>(fObject, inPlace<WeakHold>(handle.fObject));
+}
+
+MObjectHandle::~MObjectHandle()
+{
+    destroyInPlace<WeakHold>(fObject);
+}
 
 MObject MObjectHandle::object() const
 {
-    return MObject(fObject.lock());
+    return mayasim::makeObject(inPlace<WeakHold>(fObject).lock());
 }
 
 const MObject& MObjectHandle::objectRef() const
@@ -117,7 +178,7 @@ unsigned int MObjectHandle::hashCode() const
 
 bool MObjectHandle::isValid() const
 {
-    std::shared_ptr<mayasim::Object> object = fObject.lock();
+    const Hold object = inPlace<WeakHold>(fObject).lock();
     if (!object)
         return false;
     const auto* node = dynamic_cast<const mayasim::Node*>(object.get());
@@ -126,17 +187,17 @@ bool MObjectHandle::isValid() const
 
 bool MObjectHandle::isAlive() const
 {
-    return !fObject.expired();
+    return !inPlace<WeakHold>(fObject).expired();
 }
 
 bool MObjectHandle::operator==(const MObject& object) const
 {
-    return fObject.lock() == object.simObject();
+    return inPlace<WeakHold>(fObject).lock() == sharedObject(object);
 }
 
 bool MObjectHandle::operator==(const MObjectHandle& other) const
 {
-    return fObject.lock() == other.fObject.lock();
+    return inPlace<WeakHold>(fObject).lock() == inPlace<WeakHold>(other.fObject).lock();
 }
 
 bool MObjectHandle::operator!=(const MObject& object) const
@@ -151,15 +212,21 @@ bool MObjectHandle::operator!=(const MObjectHandle& other) const
 
 MObjectHandle& MObjectHandle::operator=(const MObject& object)
 {
-    fObject = object.simObject();
-    fHash = hashOf(object.simObject());
+    inPlace<WeakHold>(fObject) = sharedObject(object);
+    fHash = hashOf(sharedObject(object));
     fRef = MObject();
     return *this;
 }
 
-MObjectHandle& MObjectHandle::operator=(const MObjectHandle& other) = default;
+MObjectHandle& MObjectHandle::operator=(const MObjectHandle& other)
+{
+    inPlace<WeakHold>(fObject) = inPlace<WeakHold>(other.fObject);
+    fRef = other.fRef;
+    fHash = other.fHash;
+    return *this;
+}
 
 unsigned int MObjectHandle::objectHashCode(const MObject& object)
 {
-    return hashOf(object.simObject());
+    return hashOf(sharedObject(object));
 }

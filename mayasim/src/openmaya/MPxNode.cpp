@@ -16,7 +16,7 @@ MObject builtinAttribute(const char* typeName, const char* attributeName)
 {
     NodeTypePtr type = findNodeType(typeName);
     AttributePtr attribute = type ? type->findAttribute(attributeName) : nullptr;
-    return attribute ? MObject(attribute) : MObject();
+    return attribute ? makeObject(attribute) : MObject();
 }
 
 } // namespace

@@ -29,7 +29,7 @@ bool KeyframeDelta::hasFn(MFn::Type type) const
 
 const KeyframeDelta* keyframeDelta(const MObject& object)
 {
-    return dynamic_cast<const KeyframeDelta*>(object.simObject().get());
+    return dynamic_cast<const KeyframeDelta*>(sharedObject(object).get());
 }
 
 } // namespace mayasim::anim

@@ -227,7 +227,7 @@ void deliverKeyEdits()
     {
         auto block = std::make_shared<std::vector<KeyframeDelta>>(std::move(p.deltas));
         for (KeyframeDelta& d : *block)
-            deltas.append(MObject(std::shared_ptr<Object>(block, &d)));
+            deltas.append(makeObject(std::shared_ptr<Object>(block, &d)));
     }
     MObjectArray curves;
     if (!p.curves.empty() && !callbacks::registered(callbacks::Channel::AnimCurveEdited).empty())

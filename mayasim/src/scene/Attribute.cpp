@@ -246,12 +246,12 @@ AttributePtr makeTriple(const std::string& longName, const std::string& shortNam
 
 Attribute* attributeObject(const MObject& object)
 {
-    return dynamic_cast<Attribute*>(object.simObject().get());
+    return dynamic_cast<Attribute*>(sharedObject(object).get());
 }
 
 AttributePtr attributePtr(const MObject& object)
 {
-    return std::dynamic_pointer_cast<Attribute>(object.simObject());
+    return std::dynamic_pointer_cast<Attribute>(sharedObject(object));
 }
 
 } // namespace mayasim

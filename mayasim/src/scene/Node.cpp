@@ -164,26 +164,26 @@ const PlugState* Node::state(const PlugKey& key) const
 
 Node* nodeObject(const MObject& object)
 {
-    return dynamic_cast<Node*>(object.simObject().get());
+    return dynamic_cast<Node*>(sharedObject(object).get());
 }
 
 NodePtr nodePtr(const MObject& object)
 {
-    return std::dynamic_pointer_cast<Node>(object.simObject());
+    return std::dynamic_pointer_cast<Node>(sharedObject(object));
 }
 
 MObject objectOf(const Node* node)
 {
     if (!node)
         return MObject();
-    return MObject(const_cast<Node*>(node)->shared_from_this());
+    return makeObject(const_cast<Node*>(node)->shared_from_this());
 }
 
 MObject objectOf(const Attribute* attribute)
 {
     if (!attribute)
         return MObject();
-    return MObject(const_cast<Attribute*>(attribute)->shared_from_this());
+    return makeObject(const_cast<Attribute*>(attribute)->shared_from_this());
 }
 
 } // namespace mayasim

@@ -80,12 +80,12 @@ bool DataObject::hasFn(MFn::Type type) const
 
 DataObject* dataObject(const MObject& object)
 {
-    return dynamic_cast<DataObject*>(object.simObject().get());
+    return dynamic_cast<DataObject*>(sharedObject(object).get());
 }
 
 MObject makeData(MFnData::Type type, Value value)
 {
-    return MObject(std::make_shared<DataObject>(type, std::move(value)));
+    return makeObject(std::make_shared<DataObject>(type, std::move(value)));
 }
 
 } // namespace mayasim
