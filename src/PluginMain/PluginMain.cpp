@@ -2,6 +2,7 @@
 // and deregistered in the exact reverse.
 #include <maya/MFnPlugin.h>
 
+#include "AnimationOffset/Registration.h"
 #include "AnimationRecovery/Registration.h"
 #include "KeyBlending/Registration.h"
 #include "Mirror/Registration.h"
@@ -40,6 +41,8 @@ PLUGIN_EXPORT MStatus initializePlugin(MObject obj)
         return status;
     if (!(status = ResetPose::registerCommand(plugin)))
         return status;
+    if (!(status = AnimationOffset::registerCommand(plugin)))
+        return status;
     if (!(status = TimelineOverlay::registerCommand(plugin)))
         return status;
     if (!(status = SceneId::registerNode(plugin)))
@@ -73,6 +76,8 @@ PLUGIN_EXPORT MStatus uninitializePlugin(MObject obj)
     // No overlay outlives its command.
     TimelineOverlay::destroyAll();
     if (!(status = TimelineOverlay::deregisterCommand(plugin)))
+        return status;
+    if (!(status = AnimationOffset::deregisterCommand(plugin)))
         return status;
     if (!(status = ResetPose::deregisterCommand(plugin)))
         return status;

@@ -36,8 +36,8 @@ TEST_F(PluginLoad, RegistersTheCommandsInOrder)
     ASSERT_TRUE(mayasim::host::loadLinkedPlugin("orvane", initializePlugin, uninitializePlugin));
     EXPECT_THAT(registeredCommands(),
                 ::testing::ElementsAre("OVKeyBlending", "OVTangentBlending", "OVSnapshot", "OVResetPose",
-                                       "OVTimelineOverlay", "OVAnimationRecovery", "OVMirror", "OVSelectOpposite",
-                                       "OVTangent"));
+                                       "OVAnimationOffset", "OVTimelineOverlay", "OVAnimationRecovery", "OVMirror",
+                                       "OVSelectOpposite", "OVTangent"));
 }
 
 TEST_F(PluginLoad, FailedRegistrationStopsTheLoadWithOneReport)
