@@ -1,13 +1,10 @@
 #pragma once
-#include <maya/MTypes.h>
-#include <maya/MObject.h>
 #include <maya/MStatus.h>
+#include <maya/MTypes.h>
 #include <maya/MDataHandle.h>
-#include <maya/MDGContext.h>
-#include <memory>
 
 namespace mayasim {
-class DataBlockStorage;
+struct DataAccess;
 }
 
 OPENMAYA_MAJOR_NAMESPACE_OPEN
@@ -30,11 +27,12 @@ public:
 
     static const char* className();
 
-    // mayasim: a block over a node's storage for one evaluation.
-    explicit MDataBlock(std::shared_ptr<mayasim::DataBlockStorage> storage);
-
 private:
-    std::shared_ptr<mayasim::DataBlockStorage> fStorage;
+    friend struct mayasim::DataAccess;
+    MDataBlock(void* storage);
+
+    // A shared hold on the node's storage for one evaluation.
+    alignas(void*) unsigned char fStorage[2 * sizeof(void*)];
 };
 
 OPENMAYA_NAMESPACE_CLOSE

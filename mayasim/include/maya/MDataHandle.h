@@ -1,12 +1,15 @@
 #pragma once
-#include <maya/MTypes.h>
-#include <maya/MObject.h>
 #include <maya/MStatus.h>
-#include <maya/MString.h>
-#include <memory>
+#include <maya/MTypes.h>
+#include <string.h>
+#include <maya/MFnNumericData.h>
+#include <maya/MFnData.h>
+#include <maya/MTypeId.h>
+#include <maya/MObject.h>
+#include <maya/MDeprecate.h>
 
 namespace mayasim {
-struct DataSlot;
+struct DataAccess;
 }
 
 OPENMAYA_MAJOR_NAMESPACE_OPEN
@@ -66,12 +69,12 @@ public:
     void setString(const MString&);
     void setClean();
 
-    // mayasim: a handle over a value slot.
-    explicit MDataHandle(std::shared_ptr<mayasim::DataSlot> slot);
-    const std::shared_ptr<mayasim::DataSlot>& simSlot() const { return fSlot; }
-
 private:
-    std::shared_ptr<mayasim::DataSlot> fSlot;
+    friend struct mayasim::DataAccess;
+    MDataHandle(void* slot);
+
+    // A shared hold on the value slot the handle works on.
+    alignas(void*) unsigned char fSlot[2 * sizeof(void*)];
 };
 
 OPENMAYA_NAMESPACE_CLOSE

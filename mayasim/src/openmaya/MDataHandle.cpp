@@ -1,6 +1,7 @@
 #include <maya/MDataBlock.h>
 #include <maya/MDataHandle.h>
 
+#include "foundation/InPlace.h"
 #include "scene/Api.h"
 #include "scene/DataSlot.h"
 #include "scene/Plugs.h"
@@ -12,64 +13,115 @@
 
 using namespace mayasim;
 
-MDataHandle::MDataHandle() : fSlot(makeSlot(nullptr, Value())) {}
-MDataHandle::MDataHandle(const MDataHandle& other) = default;
-MDataHandle& MDataHandle::operator=(const MDataHandle& other) = default;
-MDataHandle::~MDataHandle() = default;
+namespace {
 
-MDataHandle::MDataHandle(std::shared_ptr<DataSlot> slot) : fSlot(std::move(slot)) {}
+using SlotHold = std::shared_ptr<DataSlot>;
+using StorageHold = std::shared_ptr<DataBlockStorage>;
+
+} // namespace
+
+MDataHandle::MDataHandle()
+{
+    buildInPlace<SlotHold>(fSlot, makeSlot(nullptr, Value()));
+}
+
+MDataHandle::MDataHandle(const MDataHandle& other)
+{
+    buildInPlace<SlotHold>(fSlot, inPlace<SlotHold>(other.fSlot));
+}
+
+MDataHandle::MDataHandle(void* slot)
+{
+    buildInPlace<SlotHold>(fSlot, std::move(*static_cast<SlotHold*>(slot)));
+}
+
+MDataHandle& MDataHandle::operator=(const MDataHandle& other)
+{
+    inPlace<SlotHold>(fSlot) = inPlace<SlotHold>(other.fSlot);
+    return *this;
+}
+
+MDataHandle::~MDataHandle()
+{
+    destroyInPlace<SlotHold>(fSlot);
+}
+
+MDataHandle DataAccess::handle(std::shared_ptr<DataSlot> slot)
+{
+    return MDataHandle(&slot);
+}
+
+const std::shared_ptr<DataSlot>& DataAccess::slot(const MDataHandle& handle)
+{
+    return inPlace<SlotHold>(handle.fSlot);
+}
+
+MDataBlock DataAccess::block(std::shared_ptr<DataBlockStorage> storage)
+{
+    return MDataBlock(&storage);
+}
+
+namespace {
+
+DataSlot& slotOf(const MDataHandle& handle)
+{
+    return *DataAccess::slot(handle);
+}
+
+} // namespace
 
 bool MDataHandle::isNumeric() const
 {
-    return fSlot->attribute && fSlot->attribute->holdsNumber();
+    return slotOf(*this).attribute && slotOf(*this).attribute->holdsNumber();
 }
 
 MObject MDataHandle::attribute()
 {
-    return objectOf(fSlot->attribute);
+    return objectOf(slotOf(*this).attribute);
 }
 
 namespace {
 
 template <typename T>
-T& view(const DataSlot& slot, T& field, DataSlot::View which)
+T& view(const MDataHandle& handle, T DataSlot::*field, DataSlot::View which)
 {
+    DataSlot& slot = slotOf(handle);
     slot.refreshViews();
     slot.lastView = which;
-    return field;
+    return slot.*field;
 }
 
 } // namespace
 
-bool& MDataHandle::asBool() const { return view(*fSlot, fSlot->b, DataSlot::View::Bool); }
-char& MDataHandle::asChar() const { return view(*fSlot, fSlot->c, DataSlot::View::Char); }
-unsigned char& MDataHandle::asUChar() const { return view(*fSlot, fSlot->uc, DataSlot::View::UChar); }
-short& MDataHandle::asShort() const { return view(*fSlot, fSlot->s, DataSlot::View::Short); }
-int& MDataHandle::asInt() const { return view(*fSlot, fSlot->i, DataSlot::View::Int); }
-MInt64& MDataHandle::asInt64() const { return view(*fSlot, fSlot->i64, DataSlot::View::Int64); }
-float& MDataHandle::asFloat() const { return view(*fSlot, fSlot->f, DataSlot::View::Float); }
-double& MDataHandle::asDouble() const { return view(*fSlot, fSlot->d, DataSlot::View::Double); }
-MMatrix& MDataHandle::asMatrix() const { return view(*fSlot, fSlot->m, DataSlot::View::Matrix); }
-MString& MDataHandle::asString() const { return view(*fSlot, fSlot->str, DataSlot::View::String); }
+bool& MDataHandle::asBool() const { return view(*this, &DataSlot::b, DataSlot::View::Bool); }
+char& MDataHandle::asChar() const { return view(*this, &DataSlot::c, DataSlot::View::Char); }
+unsigned char& MDataHandle::asUChar() const { return view(*this, &DataSlot::uc, DataSlot::View::UChar); }
+short& MDataHandle::asShort() const { return view(*this, &DataSlot::s, DataSlot::View::Short); }
+int& MDataHandle::asInt() const { return view(*this, &DataSlot::i, DataSlot::View::Int); }
+MInt64& MDataHandle::asInt64() const { return view(*this, &DataSlot::i64, DataSlot::View::Int64); }
+float& MDataHandle::asFloat() const { return view(*this, &DataSlot::f, DataSlot::View::Float); }
+double& MDataHandle::asDouble() const { return view(*this, &DataSlot::d, DataSlot::View::Double); }
+MMatrix& MDataHandle::asMatrix() const { return view(*this, &DataSlot::m, DataSlot::View::Matrix); }
+MString& MDataHandle::asString() const { return view(*this, &DataSlot::str, DataSlot::View::String); }
 
 MDistance MDataHandle::asDistance() const
 {
-    return MDistance(fSlot->result().number, MDistance::kCentimeters);
+    return MDistance(slotOf(*this).result().number, MDistance::kCentimeters);
 }
 
 MAngle MDataHandle::asAngle() const
 {
-    return MAngle(fSlot->result().number, MAngle::kRadians);
+    return MAngle(slotOf(*this).result().number, MAngle::kRadians);
 }
 
 MTime MDataHandle::asTime() const
 {
-    return MTime(fSlot->result().number, MTime::kSeconds);
+    return MTime(slotOf(*this).result().number, MTime::kSeconds);
 }
 
 MObject MDataHandle::data()
 {
-    const Value value = fSlot->result();
+    const Value value = slotOf(*this).result();
     switch (value.kind)
     {
     case Value::Kind::Matrix: return makeData(MFnData::kMatrix, value);
@@ -79,27 +131,27 @@ MObject MDataHandle::data()
     }
 }
 
-void MDataHandle::set(bool v) { fSlot->setNumber(v ? 1.0 : 0.0); }
-void MDataHandle::set(char v) { fSlot->setNumber(v); }
-void MDataHandle::set(short v) { fSlot->setNumber(v); }
-void MDataHandle::set(int v) { fSlot->setNumber(v); }
-void MDataHandle::set(MInt64 v) { fSlot->setNumber(static_cast<double>(v)); }
-void MDataHandle::set(float v) { fSlot->setNumber(v); }
-void MDataHandle::set(double v) { fSlot->setNumber(v); }
-void MDataHandle::set(const MDistance& v) { fSlot->setNumber(v.asCentimeters()); }
-void MDataHandle::set(const MAngle& v) { fSlot->setNumber(v.asRadians()); }
-void MDataHandle::set(const MTime& v) { fSlot->setNumber(v.as(MTime::kSeconds)); }
+void MDataHandle::set(bool v) { slotOf(*this).setNumber(v ? 1.0 : 0.0); }
+void MDataHandle::set(char v) { slotOf(*this).setNumber(v); }
+void MDataHandle::set(short v) { slotOf(*this).setNumber(v); }
+void MDataHandle::set(int v) { slotOf(*this).setNumber(v); }
+void MDataHandle::set(MInt64 v) { slotOf(*this).setNumber(static_cast<double>(v)); }
+void MDataHandle::set(float v) { slotOf(*this).setNumber(v); }
+void MDataHandle::set(double v) { slotOf(*this).setNumber(v); }
+void MDataHandle::set(const MDistance& v) { slotOf(*this).setNumber(v.asCentimeters()); }
+void MDataHandle::set(const MAngle& v) { slotOf(*this).setNumber(v.asRadians()); }
+void MDataHandle::set(const MTime& v) { slotOf(*this).setNumber(v.as(MTime::kSeconds)); }
 
 void MDataHandle::set(const MMatrix& v)
 {
-    fSlot->value = Value::ofMatrix(v);
-    fSlot->refreshViews();
+    slotOf(*this).value = Value::ofMatrix(v);
+    slotOf(*this).refreshViews();
 }
 
 void MDataHandle::set(const MString& v)
 {
-    fSlot->value = Value::ofText(v.asChar());
-    fSlot->refreshViews();
+    slotOf(*this).value = Value::ofText(v.asChar());
+    slotOf(*this).refreshViews();
 }
 
 MStatus MDataHandle::set(const MObject& data)
@@ -107,8 +159,8 @@ MStatus MDataHandle::set(const MObject& data)
     const DataObject* object = dataObject(data);
     if (!object)
         return MS::kInvalidParameter;
-    fSlot->value = object->value();
-    fSlot->refreshViews();
+    slotOf(*this).value = object->value();
+    slotOf(*this).refreshViews();
     return MS::kSuccess;
 }
 
@@ -128,34 +180,45 @@ void MDataHandle::setClean() {}
 
 // --- MDataBlock ----------------------------------------------------------------
 
-MDataBlock::MDataBlock(std::shared_ptr<DataBlockStorage> storage) : fStorage(std::move(storage)) {}
-MDataBlock::MDataBlock(const MDataBlock& in) = default;
-MDataBlock::~MDataBlock() = default;
+MDataBlock::MDataBlock(void* storage)
+{
+    buildInPlace<StorageHold>(fStorage, std::move(*static_cast<StorageHold*>(storage)));
+}
+
+MDataBlock::MDataBlock(const MDataBlock& in)
+{
+    buildInPlace<StorageHold>(fStorage, inPlace<StorageHold>(in.fStorage));
+}
+
+MDataBlock::~MDataBlock()
+{
+    destroyInPlace<StorageHold>(fStorage);
+}
 
 MDataHandle MDataBlock::inputValue(const MPlug& plug, MStatus* ReturnStatus)
 {
     setStatus(ReturnStatus, MS::kSuccess);
-    return MDataHandle(fStorage->input(plugKey(plug)));
+    return DataAccess::handle(inPlace<StorageHold>(fStorage)->input(plugKey(plug)));
 }
 
 MDataHandle MDataBlock::inputValue(const MObject& attribute, MStatus* ReturnStatus)
 {
     const Attribute* a = attributeObject(attribute);
     setStatus(ReturnStatus, a ? MS::kSuccess : MS::kInvalidParameter);
-    return a ? MDataHandle(fStorage->input(keyOf(*a))) : MDataHandle();
+    return a ? DataAccess::handle(inPlace<StorageHold>(fStorage)->input(keyOf(*a))) : MDataHandle();
 }
 
 MDataHandle MDataBlock::outputValue(const MPlug& plug, MStatus* ReturnStatus)
 {
     setStatus(ReturnStatus, MS::kSuccess);
-    return MDataHandle(fStorage->output(plugKey(plug)));
+    return DataAccess::handle(inPlace<StorageHold>(fStorage)->output(plugKey(plug)));
 }
 
 MDataHandle MDataBlock::outputValue(const MObject& attribute, MStatus* ReturnStatus)
 {
     const Attribute* a = attributeObject(attribute);
     setStatus(ReturnStatus, a ? MS::kSuccess : MS::kInvalidParameter);
-    return a ? MDataHandle(fStorage->output(keyOf(*a))) : MDataHandle();
+    return a ? DataAccess::handle(inPlace<StorageHold>(fStorage)->output(keyOf(*a))) : MDataHandle();
 }
 
 MStatus MDataBlock::setClean(const MPlug&)

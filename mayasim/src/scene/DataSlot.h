@@ -4,6 +4,8 @@
 #include "scene/Attribute.h"
 #include "scene/Value.h"
 
+#include <maya/MDataBlock.h>
+#include <maya/MDataHandle.h>
 #include <maya/MString.h>
 
 #include <map>
@@ -57,6 +59,14 @@ public:
 private:
     Node& fNode;
     std::map<PlugKey, std::shared_ptr<DataSlot>> fOutputs;
+};
+
+// Between MDataHandle and MDataBlock and what they work on.
+struct DataAccess
+{
+    static MDataHandle handle(std::shared_ptr<DataSlot> slot);
+    static const std::shared_ptr<DataSlot>& slot(const MDataHandle& handle);
+    static MDataBlock block(std::shared_ptr<DataBlockStorage> storage);
 };
 
 } // namespace mayasim

@@ -83,7 +83,7 @@ bool isOutputOfPlugin(const Node& node, const Attribute* attribute)
 std::optional<Value> computeByPlugin(Node& node, const PlugKey& key)
 {
     auto storage = std::make_shared<DataBlockStorage>(node);
-    MDataBlock block(storage);
+    MDataBlock block = DataAccess::block(storage);
     if (!node.user->compute(makePlug(node, key), block))
         return std::nullopt;
     auto it = storage->outputs().find(key);
@@ -96,10 +96,10 @@ std::optional<Value> internalValue(Node& node, const PlugKey& key)
 {
     if (!node.user || !key.attribute->internal)
         return std::nullopt;
-    MDataHandle handle(makeSlot(key.attribute, stored(node, key)));
+    MDataHandle handle = DataAccess::handle(makeSlot(key.attribute, stored(node, key)));
     if (!node.user->getInternalValue(makePlug(node, key), handle))
         return std::nullopt;
-    return handle.simSlot()->result();
+    return DataAccess::slot(handle)->result();
 }
 
 } // namespace
@@ -240,7 +240,7 @@ void store(Node& node, const PlugKey& key, const Value& value)
     state.heldStamp = drivingSource(node, key) ? clock().stamp : -1;
     if (node.user && key.attribute->internal)
     {
-        MDataHandle handle(makeSlot(key.attribute, value));
+        MDataHandle handle = DataAccess::handle(makeSlot(key.attribute, value));
         node.user->setInternalValue(makePlug(node, key), handle);
     }
 }
