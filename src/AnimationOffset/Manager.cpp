@@ -154,7 +154,7 @@ void Manager::keyframeEdited(const MObjectArray& deltas)
     for (unsigned int i = 0; i < deltas.length(); ++i)
         recordDelta(deltas[i]);
     if (!fPendingOffsets.empty()) {
-        MGlobal::executeCommand("OVAnimationOffset -doOffset", false, true);
+        MGlobal::executeCommand(CommandName + " -doOffset", false, true);
         fPendingOffsets.clear();
     }
     fBusy = false;

@@ -3,7 +3,11 @@
 #include "GuiApplication.h"
 #include "PluginTest.h"
 
+#include "AnimationOffset/Manager.h"
+
 #include <maya/MGlobal.h>
+#define MNoVersionString // the plug-in emits the version symbols
+#include <maya/MFnPlugin.h>
 #include <mayasim/Gui.h>
 #include <mayasim/Host.h>
 
@@ -135,4 +139,19 @@ TEST_F(AnimationOffsetTest, SpanOfSelectedKeysAndANewSceneEndsTheMode)
     ASSERT_TRUE(mel("keyframe -e -t 10 -r -vc 1 obj.ty"));
     expectValues("obj.ty", {0, 1});
     EXPECT_TRUE(reports().empty());
+}
+
+TEST_F(AnimationOffsetTest, UnloadEndsTheModeFirst)
+{
+    keyPlug("obj.ty", {{1, 0}, {10, 0}});
+    const size_t callbacks = mayasim::host::callbackCount();
+    ASSERT_TRUE(mel("OVAnimationOffset"));
+    EXPECT_EQ(mayasim::host::callbackCount(), callbacks + 4);
+    ASSERT_TRUE(mel("unloadPlugin orvane"));
+    EXPECT_FALSE(AnimationOffset::Manager::instance().isActive());
+    ASSERT_TRUE(mayasim::host::loadLinkedPlugin("orvane", initializePlugin, uninitializePlugin));
+    EXPECT_EQ(mayasim::host::callbackCount(), callbacks);
+    EXPECT_FALSE(active());
+    ASSERT_TRUE(mel("keyframe -e -t 10 -r -vc 1 obj.ty"));
+    expectValues("obj.ty", {0, 1});
 }
