@@ -166,6 +166,11 @@ TEST_F(TimelineOverlayTest, ColoursLineIconTextAndClamps)
     ASSERT_TRUE(mel("OVTimelineOverlay -tb true -ti false mark"));
     EXPECT_NE(image(), automatic);
     EXPECT_NE(image(), upright);
+    // Icon and text together: the icon left of the text, both in the band.
+    ASSERT_TRUE(mel("OVTimelineOverlay -ti true -si true -ics 16 -ip \"" + icon.toStdString() + "\" mark"));
+    shot = image();
+    EXPECT_GT(countOf(shot, qRgb(255, 255, 0)), 16 * 16 + 20);
+    EXPECT_TRUE(changed(fBare, shot).intersected(QRect(0, 0, 100, height)).isEmpty());
     ASSERT_TRUE(mel("mayasimUi -screenshot \"" + QDir::temp().filePath("orvane_overlay.png").toStdString()
                     + "\" timeControl1"));
 }
