@@ -1,11 +1,10 @@
 #pragma once
 #include <maya/MStatus.h>
-#include <maya/MString.h>
 #include <maya/MTypes.h>
-#include <iosfwd>
-#include <memory>
+#include <maya/MString.h>
 
 namespace mayasim {
+struct ArgAccess;
 struct ArgListData;
 }
 
@@ -41,12 +40,9 @@ public:
 
     static const char* className();
 
-    // mayasim: the words of the call.
-    const mayasim::ArgListData& simData() const { return *fData; }
-    mayasim::ArgListData& simData() { return *fData; }
-
 private:
-    std::unique_ptr<mayasim::ArgListData> fData;
+    friend struct mayasim::ArgAccess;
+    mayasim::ArgListData* fData; // the words of the call
 };
 
 OPENMAYA_NAMESPACE_CLOSE

@@ -1,8 +1,6 @@
 #pragma once
 #include <maya/MStatus.h>
-#include <maya/MString.h>
 #include <maya/MTypes.h>
-#include <memory>
 
 namespace mayasim {
 struct ParsedCall;
@@ -17,6 +15,9 @@ public:
     MArgParser();
     MArgParser(const MSyntax& syntax, const MArgList& argList, MStatus* ReturnStatus = NULL);
     virtual ~MArgParser();
+
+    MArgParser(const MArgParser& rhs);
+    MArgParser& operator=(const MArgParser& rhs);
 
     bool isFlagSet(const char* flag, MStatus* ReturnStatus = NULL) const;
     bool isEdit(MStatus* ReturnStatus = NULL) const;
@@ -47,9 +48,9 @@ public:
 
     MStatus getObjects(MStringArray& result) const;
 
-protected:
-    // mayasim: the parsed call; null when parsing failed.
-    std::shared_ptr<const mayasim::ParsedCall> fCall;
+private:
+    friend class MArgDatabase;
+    const mayasim::ParsedCall* fCall; // null when parsing failed
 };
 
 OPENMAYA_NAMESPACE_CLOSE

@@ -1,8 +1,8 @@
 #pragma once
 #include <maya/MStatus.h>
-#include <maya/MString.h>
 #include <maya/MTypes.h>
-#include <memory>
+#include <maya/MString.h>
+#include <maya/MDeprecate.h>
 
 namespace mayasim {
 struct CommandAccess;
@@ -63,7 +63,8 @@ public:
 
 private:
     friend struct mayasim::CommandAccess;
-    std::shared_ptr<const MSyntax> fSyntax; // the registered command's syntax
+    // A shared hold on the registered command's syntax.
+    alignas(void*) unsigned char fSyntax[2 * sizeof(void*)];
     MString fCommandString;
     bool fHistoryOn = false;
 };

@@ -1,9 +1,9 @@
 #pragma once
 #include <maya/MStatus.h>
 #include <maya/MTypes.h>
-#include <memory>
 
 namespace mayasim {
+struct ArgAccess;
 struct SyntaxSpec;
 }
 
@@ -65,11 +65,9 @@ public:
 
     static const char* className();
 
-    // mayasim: what the command engine parses a call against.
-    const mayasim::SyntaxSpec& simSpec() const { return *fSpec; }
-
 private:
-    std::unique_ptr<mayasim::SyntaxSpec> fSpec;
+    friend struct mayasim::ArgAccess;
+    mayasim::SyntaxSpec* fSpec; // what the command engine parses a call against
 };
 
 OPENMAYA_NAMESPACE_CLOSE

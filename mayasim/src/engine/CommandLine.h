@@ -41,6 +41,16 @@ struct ArgListData
     std::vector<Word> words;
 };
 
+struct ParsedCall;
+
+// Between MArgList and MSyntax and what they hold.
+struct ArgAccess
+{
+    static std::vector<Word>& words(MArgList& args);
+    static const std::vector<Word>& words(const MArgList& args);
+    static const SyntaxSpec& spec(const MSyntax& syntax);
+};
+
 struct FlagUse
 {
     int flag = -1;           // index into SyntaxSpec::flags

@@ -3,6 +3,7 @@
 #include "engine/CommandLine.h"
 #include "engine/Dispatch.h"
 #include "engine/UndoQueue.h"
+#include "foundation/InPlace.h"
 
 #include <maya/MArgList.h>
 #include <maya/MPxCommand.h>
@@ -18,7 +19,7 @@ struct CommandAccess
 {
     static void prepare(MPxCommand& command, std::shared_ptr<const MSyntax> syntax, const std::string& text)
     {
-        command.fSyntax = std::move(syntax);
+        inPlace<std::shared_ptr<const MSyntax>>(command.fSyntax) = std::move(syntax);
         command.fCommandString = MString(text.c_str());
     }
 };
@@ -109,10 +110,10 @@ std::vector<std::string> pluginCommandNames()
 
 MelValue runPluginCommand(const PluginCommand& registered, const std::vector<Word>& given, bool undo)
 {
-    const std::vector<Word> words = expandKeywords(given, registered.syntax ? &registered.syntax->simSpec() : nullptr);
+    const std::vector<Word> words = expandKeywords(given, registered.syntax ? &ArgAccess::spec(*registered.syntax) : nullptr);
     if (registered.syntax) {
         // Maya checks a call against the syntax before the command exists.
-        const ParsedCall call = parseCall(registered.syntax->simSpec(), words);
+        const ParsedCall call = parseCall(ArgAccess::spec(*registered.syntax), words);
         if (call.syntax.objectFormat == MSyntax::kSelectionList)
             for (const Word& object : call.objects) {
                 MSelectionList probe;
@@ -125,7 +126,7 @@ MelValue runPluginCommand(const PluginCommand& registered, const std::vector<Wor
         throw MelError("Unable to create command " + registered.name);
     CommandAccess::prepare(*command, registered.syntax, commandText(registered.name, words));
     MArgList args;
-    args.simData().words = words;
+    ArgAccess::words(args) = words;
 
     undo::CommandFrame frame(false, undo);
     ResultSlot result;

@@ -34,11 +34,24 @@ T convert(const std::vector<Word>& words, unsigned int index, MStatus* status, C
 
 } // namespace
 
-MArgList::MArgList() : fData(std::make_unique<mayasim::ArgListData>()) {}
+MArgList::MArgList() : fData(new mayasim::ArgListData) {}
 
-MArgList::MArgList(const MArgList& other) : fData(std::make_unique<mayasim::ArgListData>(*other.fData)) {}
+MArgList::MArgList(const MArgList& other) : fData(new mayasim::ArgListData(*other.fData)) {}
 
-MArgList::~MArgList() = default;
+MArgList::~MArgList()
+{
+    delete fData;
+}
+
+std::vector<Word>& mayasim::ArgAccess::words(MArgList& args)
+{
+    return args.fData->words;
+}
+
+const std::vector<Word>& mayasim::ArgAccess::words(const MArgList& args)
+{
+    return args.fData->words;
+}
 
 MArgList& MArgList::operator=(const MArgList& other)
 {
@@ -143,7 +156,7 @@ MStatus MArgList::get(unsigned int index, MString& ret) const
 OPENMAYA_MAJOR_NAMESPACE_OPEN
 std::ostream& operator<<(std::ostream& os, const MArgList& args)
 {
-    const auto& words = args.simData().words;
+    const auto& words = mayasim::ArgAccess::words(args);
     for (size_t at = 0; at < words.size(); ++at)
         os << (at ? " " : "") << words[at].text;
     return os;

@@ -89,13 +89,14 @@ bool enoughObjects(const ParsedCall& call, unsigned int count)
 
 // --- MArgParser --------------------------------------------------------------------
 
-MArgParser::MArgParser() = default;
+MArgParser::MArgParser() : fCall(nullptr) {}
 
-MArgParser::MArgParser(const MSyntax& syntax, const MArgList& argList, MStatus* ReturnStatus)
+MArgParser::MArgParser(const MSyntax& syntax, const MArgList& argList, MStatus* ReturnStatus) : fCall(nullptr)
 {
     MStatus status;
     try {
-        fCall = std::make_shared<ParsedCall>(mayasim::parseCall(syntax.simSpec(), argList.simData().words));
+        fCall = new ParsedCall(
+            mayasim::parseCall(mayasim::ArgAccess::spec(syntax), mayasim::ArgAccess::words(argList)));
     } catch (const MelError&) {
         status = MS::kInvalidParameter;
     }
@@ -103,7 +104,22 @@ MArgParser::MArgParser(const MSyntax& syntax, const MArgList& argList, MStatus* 
         *ReturnStatus = status;
 }
 
-MArgParser::~MArgParser() = default;
+MArgParser::MArgParser(const MArgParser& rhs) : fCall(rhs.fCall ? new ParsedCall(*rhs.fCall) : nullptr) {}
+
+MArgParser& MArgParser::operator=(const MArgParser& rhs)
+{
+    if (this != &rhs) {
+        const ParsedCall* call = rhs.fCall ? new ParsedCall(*rhs.fCall) : nullptr;
+        delete fCall;
+        fCall = call;
+    }
+    return *this;
+}
+
+MArgParser::~MArgParser()
+{
+    delete fCall;
+}
 
 bool MArgParser::isFlagSet(const char* flag, MStatus* ReturnStatus) const
 {
@@ -142,47 +158,47 @@ unsigned int MArgParser::numberOfFlagUses(const char* flag) const
 
 MStatus MArgParser::getFlagArgument(const char* flag, unsigned int index, bool& result) const
 {
-    return readWord(flagWord(fCall.get(), flag, index), result);
+    return readWord(flagWord(fCall, flag, index), result);
 }
 
 MStatus MArgParser::getFlagArgument(const char* flag, unsigned int index, int& result) const
 {
-    return readWord(flagWord(fCall.get(), flag, index), result);
+    return readWord(flagWord(fCall, flag, index), result);
 }
 
 MStatus MArgParser::getFlagArgument(const char* flag, unsigned int index, double& result) const
 {
-    return readWord(flagWord(fCall.get(), flag, index), result);
+    return readWord(flagWord(fCall, flag, index), result);
 }
 
 MStatus MArgParser::getFlagArgument(const char* flag, unsigned int index, MString& result) const
 {
-    return readWord(flagWord(fCall.get(), flag, index), result);
+    return readWord(flagWord(fCall, flag, index), result);
 }
 
 MStatus MArgParser::getFlagArgument(const char* flag, unsigned int index, unsigned int& result) const
 {
-    return readWord(flagWord(fCall.get(), flag, index), result);
+    return readWord(flagWord(fCall, flag, index), result);
 }
 
 bool MArgParser::flagArgumentBool(const char* flag, unsigned int index, MStatus* ReturnStatus) const
 {
-    return returned<bool>(flagWord(fCall.get(), flag, index), ReturnStatus);
+    return returned<bool>(flagWord(fCall, flag, index), ReturnStatus);
 }
 
 double MArgParser::flagArgumentDouble(const char* flag, unsigned int index, MStatus* ReturnStatus) const
 {
-    return returned<double>(flagWord(fCall.get(), flag, index), ReturnStatus);
+    return returned<double>(flagWord(fCall, flag, index), ReturnStatus);
 }
 
 int MArgParser::flagArgumentInt(const char* flag, unsigned int index, MStatus* ReturnStatus) const
 {
-    return returned<int>(flagWord(fCall.get(), flag, index), ReturnStatus);
+    return returned<int>(flagWord(fCall, flag, index), ReturnStatus);
 }
 
 MString MArgParser::flagArgumentString(const char* flag, unsigned int index, MStatus* ReturnStatus) const
 {
-    return returned<MString>(flagWord(fCall.get(), flag, index), ReturnStatus);
+    return returned<MString>(flagWord(fCall, flag, index), ReturnStatus);
 }
 
 MStatus MArgParser::getFlagArgumentPosition(const char* flag, unsigned int i, unsigned int& position) const
@@ -199,48 +215,48 @@ MStatus MArgParser::getFlagArgumentList(const char* flag, unsigned int i, MArgLi
     const mayasim::FlagUse* use = fCall ? fCall->use(flag ? flag : "", i) : nullptr;
     if (!use)
         return MS::kInvalidParameter;
-    args.simData().words = use->arguments;
+    mayasim::ArgAccess::words(args) = use->arguments;
     return MS::kSuccess;
 }
 
 MStatus MArgParser::getCommandArgument(unsigned int index, bool& result) const
 {
-    return readWord(argumentWord(fCall.get(), index), result);
+    return readWord(argumentWord(fCall, index), result);
 }
 
 MStatus MArgParser::getCommandArgument(unsigned int index, int& result) const
 {
-    return readWord(argumentWord(fCall.get(), index), result);
+    return readWord(argumentWord(fCall, index), result);
 }
 
 MStatus MArgParser::getCommandArgument(unsigned int index, double& result) const
 {
-    return readWord(argumentWord(fCall.get(), index), result);
+    return readWord(argumentWord(fCall, index), result);
 }
 
 MStatus MArgParser::getCommandArgument(unsigned int index, MString& result) const
 {
-    return readWord(argumentWord(fCall.get(), index), result);
+    return readWord(argumentWord(fCall, index), result);
 }
 
 bool MArgParser::commandArgumentBool(unsigned int index, MStatus* ReturnStatus) const
 {
-    return returned<bool>(argumentWord(fCall.get(), index), ReturnStatus);
+    return returned<bool>(argumentWord(fCall, index), ReturnStatus);
 }
 
 double MArgParser::commandArgumentDouble(unsigned int index, MStatus* ReturnStatus) const
 {
-    return returned<double>(argumentWord(fCall.get(), index), ReturnStatus);
+    return returned<double>(argumentWord(fCall, index), ReturnStatus);
 }
 
 int MArgParser::commandArgumentInt(unsigned int index, MStatus* ReturnStatus) const
 {
-    return returned<int>(argumentWord(fCall.get(), index), ReturnStatus);
+    return returned<int>(argumentWord(fCall, index), ReturnStatus);
 }
 
 MString MArgParser::commandArgumentString(unsigned int index, MStatus* ReturnStatus) const
 {
-    return returned<MString>(argumentWord(fCall.get(), index), ReturnStatus);
+    return returned<MString>(argumentWord(fCall, index), ReturnStatus);
 }
 
 MStatus MArgParser::getObjects(MStringArray& result) const
@@ -272,13 +288,13 @@ MArgDatabase::~MArgDatabase() = default;
 
 MStatus MArgDatabase::getFlagArgument(const char* flag, unsigned int index, MSelectionList& result) const
 {
-    const Word* word = flagWord(fCall.get(), flag, index);
+    const Word* word = flagWord(fCall, flag, index);
     return word ? result.add(MString(word->text.c_str())) : MStatus(MS::kInvalidParameter);
 }
 
 MStatus MArgDatabase::getCommandArgument(unsigned int index, MSelectionList& result) const
 {
-    const Word* word = argumentWord(fCall.get(), index);
+    const Word* word = argumentWord(fCall, index);
     return word ? result.add(MString(word->text.c_str())) : MStatus(MS::kInvalidParameter);
 }
 

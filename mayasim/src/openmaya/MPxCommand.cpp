@@ -6,11 +6,15 @@
 
 #include "engine/Output.h"
 #include "engine/PluginCommands.h"
+#include "foundation/InPlace.h"
 
+using mayasim::inPlace;
 using mayasim::MelValue;
 using Type = MelValue::Type;
 
 namespace {
+
+using SyntaxHold = std::shared_ptr<const MSyntax>;
 
 void setRunningResult(MelValue value)
 {
@@ -75,9 +79,15 @@ std::string stringOf(const MString& text)
 
 } // namespace
 
-MPxCommand::MPxCommand() = default;
+MPxCommand::MPxCommand()
+{
+    mayasim::buildInPlace<SyntaxHold>(fSyntax);
+}
 
-MPxCommand::~MPxCommand() = default;
+MPxCommand::~MPxCommand()
+{
+    mayasim::destroyInPlace<SyntaxHold>(fSyntax);
+}
 
 MStatus MPxCommand::doIt(const MArgList&)
 {
@@ -101,12 +111,13 @@ bool MPxCommand::isUndoable() const
 
 bool MPxCommand::hasSyntax() const
 {
-    return fSyntax != nullptr;
+    return inPlace<SyntaxHold>(fSyntax) != nullptr;
 }
 
 MSyntax MPxCommand::syntax() const
 {
-    return fSyntax ? *fSyntax : MSyntax();
+    const SyntaxHold& syntax = inPlace<SyntaxHold>(fSyntax);
+    return syntax ? *syntax : MSyntax();
 }
 
 bool MPxCommand::isHistoryOn() const

@@ -12,11 +12,19 @@ std::string flagName(const char* name)
 
 } // namespace
 
-MSyntax::MSyntax() : fSpec(std::make_unique<mayasim::SyntaxSpec>()) {}
+MSyntax::MSyntax() : fSpec(new mayasim::SyntaxSpec) {}
 
-MSyntax::MSyntax(const MSyntax& other) : fSpec(std::make_unique<mayasim::SyntaxSpec>(*other.fSpec)) {}
+MSyntax::MSyntax(const MSyntax& other) : fSpec(new mayasim::SyntaxSpec(*other.fSpec)) {}
 
-MSyntax::~MSyntax() = default;
+MSyntax::~MSyntax()
+{
+    delete fSpec;
+}
+
+const mayasim::SyntaxSpec& mayasim::ArgAccess::spec(const MSyntax& syntax)
+{
+    return *syntax.fSpec;
+}
 
 MSyntax& MSyntax::operator=(const MSyntax& rhs)
 {
