@@ -2,8 +2,6 @@
 #include <maya/MStatus.h>
 #include <maya/MTypes.h>
 
-#include <memory>
-
 namespace mayasim::anim {
 class ChangeLog;
 }
@@ -16,7 +14,9 @@ class OPENMAYAANIM_EXPORT MAnimCurveChange
 {
 public:
     MAnimCurveChange(MStatus* ReturnStatus = NULL);
+    MAnimCurveChange(const MAnimCurveChange& other);
     ~MAnimCurveChange();
+    MAnimCurveChange& operator=(const MAnimCurveChange& other);
     MStatus undoIt();
     MStatus redoIt();
 
@@ -27,7 +27,8 @@ public:
 
 private:
     friend class mayasim::anim::ChangeLog;
-    std::shared_ptr<mayasim::anim::ChangeLog> fLog;
+    // A shared hold on the change log, so copies share it.
+    alignas(void*) unsigned char fLog[2 * sizeof(void*)];
 };
 
 OPENMAYA_NAMESPACE_CLOSE

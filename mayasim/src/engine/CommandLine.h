@@ -41,8 +41,6 @@ struct ArgListData
     std::vector<Word> words;
 };
 
-struct ParsedCall;
-
 // Between MArgList and MSyntax and what they hold.
 struct ArgAccess
 {
