@@ -1,9 +1,12 @@
 #pragma once
-#include <maya/MTypes.h>
-#include <maya/MFn.h>
 #include <maya/MObject.h>
 #include <maya/MStatus.h>
-#include <vector>
+#include <maya/MIntArray.h>
+#include <maya/MDeprecate.h>
+
+namespace mayasim {
+struct DependNodeWalk;
+}
 
 OPENMAYA_MAJOR_NAMESPACE_OPEN
 
@@ -17,13 +20,17 @@ public:
     MObject thisNode(MStatus* ReturnStatus = NULL) const;
     MStatus next();
     bool isDone(MStatus* ReturnStatus = NULL) const;
+
+    OPENMAYA_DEPRECATED(2019, "Use the method MItDependencyNodes::thisNode instead.")
     MObject item(MStatus* ReturnStatus = NULL) const;
 
     static const char* className();
 
 private:
-    std::vector<MObject> fNodes; // the nodes that pass the filter, as of the last reset
-    size_t fIndex = 0;
+    MItDependencyNodes(const MItDependencyNodes&) = delete;
+    MItDependencyNodes& operator=(const MItDependencyNodes&) = delete;
+
+    mayasim::DependNodeWalk* fWalk; // the nodes that pass the filter, as of the last reset
 };
 
 OPENMAYA_NAMESPACE_CLOSE

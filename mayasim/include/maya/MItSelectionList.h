@@ -1,9 +1,8 @@
 #pragma once
-#include <maya/MTypes.h>
-#include <maya/MFn.h>
-#include <maya/MObject.h>
 #include <maya/MStatus.h>
+#include <maya/MObject.h>
 #include <maya/MSelectionList.h>
+#include <maya/MStringArray.h>
 
 OPENMAYA_MAJOR_NAMESPACE_OPEN
 
@@ -25,12 +24,12 @@ public:
     bool isDone(MStatus* ReturnStatus = NULL);
     MStatus next();
     MStatus reset();
-    MStatus getDependNode(MObject& depNode) const;
-    MStatus getDagPath(MDagPath& dagPath, MObject& component) const;
-    MStatus getDagPath(MDagPath& dagPath) const;
-    MStatus getPlug(MPlug& plug) const;
-    MStatus getStrings(MStringArray& array) const;
-    selItemType itemType(MStatus* ReturnStatus = NULL) const;
+    MStatus getDependNode(MObject& depNode);
+    MStatus getDagPath(MDagPath& dagPath, MObject& component);
+    MStatus getDagPath(MDagPath& dagPath);
+    MStatus getPlug(MPlug& plug);
+    MStatus getStrings(MStringArray& array);
+    selItemType itemType(MStatus* ReturnStatus = NULL);
     MStatus setFilter(MFn::Type filter);
     bool hasComponents(MStatus* ReturnStatus = NULL) const;
 

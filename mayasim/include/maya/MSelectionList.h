@@ -1,24 +1,11 @@
 #pragma once
-#include <maya/MTypes.h>
-#include <maya/MObject.h>
-#include <maya/MDagPath.h>
-#include <maya/MPlug.h>
 #include <maya/MStatus.h>
-#include <maya/MString.h>
-#include <string>
-#include <vector>
+#include <maya/MObject.h>
 
 namespace mayasim {
-// One entry of a selection list: a dependency node, a DAG path, a plug, or
-// a component kept as the text after the object's name ("vtx[0:3]").
-struct SelectionItem
-{
-    MObject node;
-    MDagPath path; // valid for DAG nodes
-    MPlug plug;    // not null for plug items
-    std::string component;
-};
-} // namespace mayasim
+struct SelectionAccess;
+struct SelectionItems;
+}
 
 OPENMAYA_MAJOR_NAMESPACE_OPEN
 
@@ -66,11 +53,9 @@ public:
 
     static const char* className();
 
-    // mayasim: the entries, for the selection machinery.
-    const std::vector<mayasim::SelectionItem>& simItems() const { return fItems; }
-
 private:
-    std::vector<mayasim::SelectionItem> fItems;
+    friend struct mayasim::SelectionAccess;
+    mayasim::SelectionItems* fItems;
 };
 
 OPENMAYA_NAMESPACE_CLOSE

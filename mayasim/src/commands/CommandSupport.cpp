@@ -72,7 +72,7 @@ NodePtr node(const std::string& name)
 std::vector<NodePtr> selectedNodes()
 {
     std::vector<NodePtr> result;
-    for (const auto& item : selection::active().simItems())
+    for (const auto& item : SelectionAccess::items(selection::active()))
         if (NodePtr n = nodePtr(item.node))
             result.push_back(n);
     return result;

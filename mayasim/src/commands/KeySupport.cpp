@@ -188,7 +188,7 @@ std::vector<NodePtr> curvesNamed(const std::vector<Word>& words, const std::vect
     std::vector<NodePtr> curves;
     if (words.empty())
     {
-        for (const SelectionItem& item : selection::active().simItems())
+        for (const SelectionItem& item : SelectionAccess::items(selection::active()))
         {
             if (!item.plug.isNull())
                 addPlugCurves({nodePtr(item.node), plugKey(item.plug)}, curves);

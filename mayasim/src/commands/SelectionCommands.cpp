@@ -66,7 +66,7 @@ MelValue ls(const Invocation& call)
     {
         MStringArray strings;
         selection::active().getSelectionStrings(strings);
-        const auto& items = selection::active().simItems();
+        const auto& items = SelectionAccess::items(selection::active());
         for (unsigned int i = 0; i < strings.length(); ++i)
             if (const Node* n = nodeObject(items[i].node))
                 add(*n, args.has("long") && items[i].component.empty() && items[i].plug.isNull()

@@ -7,6 +7,7 @@
 
 #include <maya/MDagPathArray.h>
 #include <maya/MMatrix.h>
+#include <maya/MString.h>
 
 using namespace mayasim;
 

@@ -3,29 +3,45 @@
 #include "scene/Api.h"
 #include "scene/Scene.h"
 
+#include <vector>
+
 using namespace mayasim;
 
-MItDependencyNodes::MItDependencyNodes(MFn::Type filter, MStatus* ReturnStatus)
+namespace mayasim {
+
+struct DependNodeWalk
+{
+    std::vector<MObject> nodes;
+    size_t index = 0;
+};
+
+} // namespace mayasim
+
+MItDependencyNodes::MItDependencyNodes(MFn::Type filter, MStatus* ReturnStatus) : fWalk(new DependNodeWalk)
 {
     setStatus(ReturnStatus, reset(filter).statusCode());
 }
 
-MItDependencyNodes::~MItDependencyNodes() = default;
+MItDependencyNodes::~MItDependencyNodes()
+{
+    delete fWalk;
+}
 
 MStatus MItDependencyNodes::reset(MFn::Type filter)
 {
-    fNodes.clear();
-    fIndex = 0;
+    fWalk->nodes.clear();
+    fWalk->index = 0;
     for (const auto& node : scene::nodes())
         if (filter == MFn::kInvalid || node->hasFn(filter))
-            fNodes.push_back(objectOf(node.get()));
+            fWalk->nodes.push_back(objectOf(node.get()));
     return MS::kSuccess;
 }
 
 MObject MItDependencyNodes::thisNode(MStatus* ReturnStatus) const
 {
-    setStatus(ReturnStatus, fIndex < fNodes.size() ? MS::kSuccess : MS::kFailure);
-    return fIndex < fNodes.size() ? fNodes[fIndex] : MObject();
+    const bool valid = fWalk->index < fWalk->nodes.size();
+    setStatus(ReturnStatus, valid ? MS::kSuccess : MS::kFailure);
+    return valid ? fWalk->nodes[fWalk->index] : MObject();
 }
 
 MObject MItDependencyNodes::item(MStatus* ReturnStatus) const
@@ -35,15 +51,15 @@ MObject MItDependencyNodes::item(MStatus* ReturnStatus) const
 
 MStatus MItDependencyNodes::next()
 {
-    if (fIndex < fNodes.size())
-        ++fIndex;
+    if (fWalk->index < fWalk->nodes.size())
+        ++fWalk->index;
     return MS::kSuccess;
 }
 
 bool MItDependencyNodes::isDone(MStatus* ReturnStatus) const
 {
     setStatus(ReturnStatus, MS::kSuccess);
-    return fIndex >= fNodes.size();
+    return fWalk->index >= fWalk->nodes.size();
 }
 
 const char* MItDependencyNodes::className()

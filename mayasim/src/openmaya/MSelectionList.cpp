@@ -7,6 +7,7 @@
 
 #include <maya/MStringArray.h>
 #include <maya/MUuid.h>
+#include <maya/MString.h>
 
 #include <algorithm>
 
@@ -42,42 +43,52 @@ std::optional<SelectionItem> itemForPath(const MDagPath& path, const MObject& co
 
 } // namespace
 
-MSelectionList::MSelectionList() = default;
-MSelectionList::MSelectionList(const MSelectionList& src) = default;
-MSelectionList::~MSelectionList() = default;
-MSelectionList& MSelectionList::operator=(const MSelectionList& other) = default;
+MSelectionList::MSelectionList() : fItems(new SelectionItems) {}
+
+MSelectionList::MSelectionList(const MSelectionList& src) : fItems(new SelectionItems(*src.fItems)) {}
+
+MSelectionList::~MSelectionList()
+{
+    delete fItems;
+}
+
+MSelectionList& MSelectionList::operator=(const MSelectionList& other)
+{
+    fItems->items = other.fItems->items;
+    return *this;
+}
 
 MStatus MSelectionList::clear()
 {
-    fItems.clear();
+    fItems->items.clear();
     return MS::kSuccess;
 }
 
 bool MSelectionList::isEmpty(MStatus* ReturnStatus) const
 {
     setStatus(ReturnStatus, MS::kSuccess);
-    return fItems.empty();
+    return fItems->items.empty();
 }
 
 unsigned int MSelectionList::length(MStatus* ReturnStatus) const
 {
     setStatus(ReturnStatus, MS::kSuccess);
-    return static_cast<unsigned int>(fItems.size());
+    return static_cast<unsigned int>(fItems->items.size());
 }
 
 MStatus MSelectionList::getDependNode(unsigned int index, MObject& depNode) const
 {
-    if (index >= fItems.size())
+    if (index >= fItems->items.size())
         return MS::kInvalidParameter;
-    depNode = fItems[index].node;
+    depNode = fItems->items[index].node;
     return MS::kSuccess;
 }
 
 MStatus MSelectionList::getDagPath(unsigned int index, MDagPath& dagPath, MObject& component) const
 {
-    if (index >= fItems.size() || !fItems[index].path.isValid())
+    if (index >= fItems->items.size() || !fItems->items[index].path.isValid())
         return MS::kFailure;
-    dagPath = fItems[index].path;
+    dagPath = fItems->items[index].path;
     if (&component != &MObject::kNullObj)
         component = MObject();
     return MS::kSuccess;
@@ -85,9 +96,9 @@ MStatus MSelectionList::getDagPath(unsigned int index, MDagPath& dagPath, MObjec
 
 MStatus MSelectionList::getPlug(unsigned int index, MPlug& plug) const
 {
-    if (index >= fItems.size() || fItems[index].plug.isNull())
+    if (index >= fItems->items.size() || fItems->items[index].plug.isNull())
         return MS::kFailure;
-    plug = fItems[index].plug;
+    plug = fItems->items[index].plug;
     return MS::kSuccess;
 }
 
@@ -96,7 +107,7 @@ MStatus MSelectionList::add(const MObject& object, const bool)
     std::optional<SelectionItem> item = itemForObject(object);
     if (!item)
         return MS::kInvalidParameter;
-    appendUnique(fItems, *item);
+    appendUnique(fItems->items, *item);
     return MS::kSuccess;
 }
 
@@ -105,7 +116,7 @@ MStatus MSelectionList::add(const MDagPath& object, const MObject& component, co
     std::optional<SelectionItem> item = itemForPath(object, component);
     if (!item)
         return MS::kInvalidParameter;
-    appendUnique(fItems, *item);
+    appendUnique(fItems->items, *item);
     return MS::kSuccess;
 }
 
@@ -115,7 +126,7 @@ MStatus MSelectionList::add(const MString& matchString, const bool)
     if (items.empty())
         return MS::kInvalidParameter;
     for (const auto& item : items)
-        appendUnique(fItems, item);
+        appendUnique(fItems->items, item);
     return MS::kSuccess;
 }
 
@@ -125,7 +136,7 @@ MStatus MSelectionList::add(const MPlug& plug, const bool)
     if (!item || plug.isNull())
         return MS::kInvalidParameter;
     item->plug = plug;
-    appendUnique(fItems, *item);
+    appendUnique(fItems->items, *item);
     return MS::kSuccess;
 }
 
@@ -134,43 +145,43 @@ MStatus MSelectionList::add(const MUuid& uuid, const bool)
     NodePtr node = scene::findByUuid(uuid);
     if (!node)
         return MS::kInvalidParameter;
-    appendUnique(fItems, selection::itemFor(*node));
+    appendUnique(fItems->items, selection::itemFor(*node));
     return MS::kSuccess;
 }
 
 MStatus MSelectionList::remove(unsigned int index)
 {
-    if (index >= fItems.size())
+    if (index >= fItems->items.size())
         return MS::kInvalidParameter;
-    fItems.erase(fItems.begin() + index);
+    fItems->items.erase(fItems->items.begin() + index);
     return MS::kSuccess;
 }
 
 MStatus MSelectionList::replace(unsigned int index, const MObject& item)
 {
     std::optional<SelectionItem> replacement = itemForObject(item);
-    if (index >= fItems.size() || !replacement)
+    if (index >= fItems->items.size() || !replacement)
         return MS::kInvalidParameter;
-    fItems[index] = *replacement;
+    fItems->items[index] = *replacement;
     return MS::kSuccess;
 }
 
 MStatus MSelectionList::replace(unsigned int index, const MDagPath& item, const MObject& component)
 {
     std::optional<SelectionItem> replacement = itemForPath(item, component);
-    if (index >= fItems.size() || !replacement)
+    if (index >= fItems->items.size() || !replacement)
         return MS::kInvalidParameter;
-    fItems[index] = *replacement;
+    fItems->items[index] = *replacement;
     return MS::kSuccess;
 }
 
 MStatus MSelectionList::replace(unsigned int index, const MPlug& plug)
 {
     std::optional<SelectionItem> replacement = itemForObject(plug.node());
-    if (index >= fItems.size() || !replacement)
+    if (index >= fItems->items.size() || !replacement)
         return MS::kInvalidParameter;
     replacement->plug = plug;
-    fItems[index] = *replacement;
+    fItems->items[index] = *replacement;
     return MS::kSuccess;
 }
 
@@ -178,7 +189,7 @@ bool MSelectionList::hasItem(const MObject& item, MStatus* ReturnStatus) const
 {
     setStatus(ReturnStatus, MS::kSuccess);
     std::optional<SelectionItem> wanted = itemForObject(item);
-    return wanted && std::any_of(fItems.begin(), fItems.end(),
+    return wanted && std::any_of(fItems->items.begin(), fItems->items.end(),
                                  [&](const SelectionItem& i) { return selection::sameItem(i, *wanted); });
 }
 
@@ -186,7 +197,7 @@ bool MSelectionList::hasItem(const MDagPath& item, const MObject& component, MSt
 {
     setStatus(ReturnStatus, MS::kSuccess);
     std::optional<SelectionItem> wanted = itemForPath(item, component);
-    return wanted && std::any_of(fItems.begin(), fItems.end(),
+    return wanted && std::any_of(fItems->items.begin(), fItems->items.end(),
                                  [&](const SelectionItem& i) { return selection::sameItem(i, *wanted); });
 }
 
@@ -200,7 +211,7 @@ MStatus MSelectionList::toggle(const MDagPath& item, const MObject& component)
 MStatus MSelectionList::getSelectionStrings(MStringArray& array) const
 {
     array.clear();
-    for (const auto& item : fItems)
+    for (const auto& item : fItems->items)
         array.append(MString(selection::text(item).c_str()));
     return MS::kSuccess;
 }
@@ -208,25 +219,25 @@ MStatus MSelectionList::getSelectionStrings(MStringArray& array) const
 MStatus MSelectionList::getSelectionStrings(unsigned int index, MStringArray& array) const
 {
     array.clear();
-    if (index >= fItems.size())
+    if (index >= fItems->items.size())
         return MS::kInvalidParameter;
-    array.append(MString(selection::text(fItems[index]).c_str()));
+    array.append(MString(selection::text(fItems->items[index]).c_str()));
     return MS::kSuccess;
 }
 
 MStatus MSelectionList::merge(const MSelectionList& other, const MergeStrategy strategy)
 {
-    for (const auto& item : other.fItems)
+    for (const auto& item : other.fItems->items)
     {
         auto same = [&](const SelectionItem& i) { return selection::sameItem(i, item); };
-        auto found = std::find_if(fItems.begin(), fItems.end(), same);
-        const bool present = found != fItems.end();
+        auto found = std::find_if(fItems->items.begin(), fItems->items.end(), same);
+        const bool present = found != fItems->items.end();
         if (strategy == kMergeNormal && !present)
-            fItems.push_back(item);
+            fItems->items.push_back(item);
         else if (strategy == kXORWithList)
-            present ? (void)fItems.erase(found) : fItems.push_back(item);
+            present ? (void)fItems->items.erase(found) : fItems->items.push_back(item);
         else if (strategy == kRemoveFromList && present)
-            fItems.erase(found);
+            fItems->items.erase(found);
     }
     return MS::kSuccess;
 }
@@ -256,7 +267,7 @@ MItSelectionList::~MItSelectionList() = default;
 
 void MItSelectionList::skipFiltered()
 {
-    const auto& items = fList.simItems();
+    const auto& items = SelectionAccess::items(fList);
     while (fIndex < items.size() && fFilter != MFn::kInvalid && !items[fIndex].node.hasFn(fFilter))
         ++fIndex;
 }
@@ -282,37 +293,37 @@ MStatus MItSelectionList::reset()
     return MS::kSuccess;
 }
 
-MStatus MItSelectionList::getDependNode(MObject& depNode) const
+MStatus MItSelectionList::getDependNode(MObject& depNode)
 {
     return fList.getDependNode(fIndex, depNode);
 }
 
-MStatus MItSelectionList::getDagPath(MDagPath& dagPath, MObject& component) const
+MStatus MItSelectionList::getDagPath(MDagPath& dagPath, MObject& component)
 {
     return fList.getDagPath(fIndex, dagPath, component);
 }
 
-MStatus MItSelectionList::getDagPath(MDagPath& dagPath) const
+MStatus MItSelectionList::getDagPath(MDagPath& dagPath)
 {
     return fList.getDagPath(fIndex, dagPath);
 }
 
-MStatus MItSelectionList::getPlug(MPlug& plug) const
+MStatus MItSelectionList::getPlug(MPlug& plug)
 {
     return fList.getPlug(fIndex, plug);
 }
 
-MStatus MItSelectionList::getStrings(MStringArray& array) const
+MStatus MItSelectionList::getStrings(MStringArray& array)
 {
     return fList.getSelectionStrings(fIndex, array);
 }
 
-MItSelectionList::selItemType MItSelectionList::itemType(MStatus* ReturnStatus) const
+MItSelectionList::selItemType MItSelectionList::itemType(MStatus* ReturnStatus)
 {
     setStatus(ReturnStatus, fIndex < fList.length() ? MS::kSuccess : MS::kFailure);
     if (fIndex >= fList.length())
         return kUnknownItem;
-    const SelectionItem& item = fList.simItems()[fIndex];
+    const SelectionItem& item = SelectionAccess::items(fList)[fIndex];
     if (!item.plug.isNull())
         return kPlugSelectionItem;
     if (item.node.hasFn(MFn::kAnimCurve))
@@ -329,7 +340,7 @@ MStatus MItSelectionList::setFilter(MFn::Type filter)
 bool MItSelectionList::hasComponents(MStatus* ReturnStatus) const
 {
     setStatus(ReturnStatus, MS::kSuccess);
-    return fIndex < fList.length() && !fList.simItems()[fIndex].component.empty();
+    return fIndex < fList.length() && !SelectionAccess::items(fList)[fIndex].component.empty();
 }
 
 const char* MItSelectionList::className()

@@ -21,7 +21,7 @@ KeyPicks& stored()
 
 bool isSelected(const Node& curve)
 {
-    for (const SelectionItem& item : selection::active().simItems())
+    for (const SelectionItem& item : SelectionAccess::items(selection::active()))
         if (nodeObject(item.node) == &curve)
             return true;
     return false;
@@ -91,9 +91,11 @@ void pick(const KeyPicks& picks, EditList* edits)
 {
     stored() = picks;
     MSelectionList list = selection::active();
-    for (unsigned int i = list.length(); i-- > 0;)
-        if (const Node* node = nodeObject(list.simItems()[i].node); node && curveKind(*node) && !hasPicks(picks, *node))
+    for (unsigned int i = list.length(); i-- > 0;) {
+        const Node* node = nodeObject(SelectionAccess::items(list)[i].node);
+        if (node && curveKind(*node) && !hasPicks(picks, *node))
             list.remove(i);
+    }
     for (const CurvePick& p : picks)
         if (NodePtr curve = p.curve.lock(); curve && !p.inputs.empty())
             list.add(objectOf(curve.get()), true);

@@ -6,12 +6,35 @@
 #include "scene/Node.h"
 
 #include <maya/MDagPath.h>
+#include <maya/MPlug.h>
 #include <maya/MSelectionList.h>
 
 #include <string>
 #include <vector>
 
 namespace mayasim {
+
+// One entry of a selection list: a dependency node, a DAG path, a plug, or
+// a component kept as the text after the object's name ("vtx[0:3]").
+struct SelectionItem
+{
+    MObject node;
+    MDagPath path; // valid for DAG nodes
+    MPlug plug;    // not null for plug items
+    std::string component;
+};
+
+// What an MSelectionList holds, apart from its header.
+struct SelectionItems
+{
+    std::vector<SelectionItem> items;
+};
+
+struct SelectionAccess
+{
+    static std::vector<SelectionItem>& items(MSelectionList& list) { return list.fItems->items; }
+    static const std::vector<SelectionItem>& items(const MSelectionList& list) { return list.fItems->items; }
+};
 
 // What an MDagPath holds, apart from its header.
 struct DagPathNodes

@@ -7,6 +7,7 @@
 #include <maya/MDGContextGuard.h>
 #include <maya/MDGModifier.h>
 #include <maya/MFnAnimCurve.h>
+#include <maya/MPlug.h>
 
 #include <cmath>
 

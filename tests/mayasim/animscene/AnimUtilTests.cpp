@@ -5,6 +5,7 @@
 #include <maya/MDagPath.h>
 #include <maya/MFnAnimCurve.h>
 #include <maya/MObjectArray.h>
+#include <maya/MPlug.h>
 #include <maya/MPlugArray.h>
 
 using namespace animscene;

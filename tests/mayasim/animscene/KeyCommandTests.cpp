@@ -4,6 +4,7 @@
 
 #include <maya/MDGModifier.h>
 #include <maya/MFnAnimCurve.h>
+#include <maya/MPlug.h>
 #include <maya/MPlugArray.h>
 
 #include <cmath>

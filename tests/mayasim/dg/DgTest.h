@@ -8,6 +8,7 @@
 #include <maya/MItDependencyNodes.h>
 #include <maya/MMatrix.h>
 #include <maya/MObjectHandle.h>
+#include <maya/MPlug.h>
 #include <maya/MSelectionList.h>
 #include <maya/MStringArray.h>
 #include <mayasim/Host.h>

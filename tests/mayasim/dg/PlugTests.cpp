@@ -15,6 +15,7 @@
 #include <maya/MFnUnitAttribute.h>
 #include <maya/MIntArray.h>
 #include <maya/MNodeMessage.h>
+#include <maya/MPlug.h>
 #include <maya/MPlugArray.h>
 #include <maya/MPxNode.h>
 #include <maya/MTime.h>

@@ -6,6 +6,7 @@
 #include <maya/MEventMessage.h>
 #include <maya/MItSelectionList.h>
 #include <maya/MMessage.h>
+#include <maya/MPlug.h>
 #include <maya/MUuid.h>
 
 using namespace dgtest;

@@ -5,6 +5,7 @@
 #include <maya/MCallbackIdArray.h>
 #include <maya/MEventMessage.h>
 #include <maya/MMessage.h>
+#include <maya/MPlug.h>
 
 #include <map>
 

@@ -6,6 +6,7 @@
 #include <maya/MAnimUtil.h>
 #include <maya/MFileIO.h>
 #include <maya/MObjectArray.h>
+#include <maya/MPlug.h>
 #include <maya/MPlugArray.h>
 
 class LayerTest : public ::testing::Test
