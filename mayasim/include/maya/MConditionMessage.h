@@ -1,5 +1,6 @@
 #pragma once
 #include <maya/MMessage.h>
+#include <maya/MString.h>
 #include <maya/MStringArray.h>
 
 OPENMAYA_MAJOR_NAMESPACE_OPEN

@@ -1,5 +1,7 @@
 #pragma once
 #include <maya/MMessage.h>
+#include <maya/MString.h>
+#include <maya/MDeprecate.h>
 
 OPENMAYA_MAJOR_NAMESPACE_OPEN
 

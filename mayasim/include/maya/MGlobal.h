@@ -1,10 +1,12 @@
 #pragma once
-#include <maya/MDoubleArray.h>
 #include <maya/MIntArray.h>
-#include <maya/MObject.h>
-#include <maya/MStatus.h>
+#include <maya/MDoubleArray.h>
 #include <maya/MString.h>
 #include <maya/MStringArray.h>
+#include <maya/MObject.h>
+#include <maya/MStatus.h>
+#include <maya/MTransformationMatrix.h>
+#include <maya/MDeprecate.h>
 
 OPENMAYA_MAJOR_NAMESPACE_OPEN
 

@@ -1,5 +1,6 @@
 #pragma once
 #include <maya/MMessage.h>
+#include <maya/MDeprecate.h>
 
 OPENMAYA_MAJOR_NAMESPACE_OPEN
 

@@ -1,10 +1,12 @@
 #pragma once
+#include <maya/MTypes.h>
+#include <maya/MObject.h>
 #include <maya/MPxNode.h>
 
 OPENMAYA_MAJOR_NAMESPACE_OPEN
 
 //! Base class of locator node types defined by plug-ins.
-class OPENMAYA_EXPORT MPxLocatorNode : public MPxNode
+class OPENMAYAUI_EXPORT MPxLocatorNode : public MPxNode
 {
 public:
     MPxLocatorNode();

@@ -1,9 +1,15 @@
 #pragma once
+#include <maya/MStatus.h>
 #include <maya/MTypes.h>
 #include <maya/MObject.h>
-#include <maya/MStatus.h>
-#include <maya/MString.h>
+#include <maya/MObjectArray.h>
 #include <maya/MTypeId.h>
+#include <maya/MDataHandle.h>
+#include <maya/MDataBlock.h>
+#include <maya/MPlug.h>
+#include <maya/MString.h>
+#include <maya/MDGContext.h>
+#include <maya/MDeprecate.h>
 
 namespace mayasim {
 class Node;
@@ -59,7 +65,7 @@ public:
     virtual MString name() const;
     virtual Type type() const;
     virtual bool isAbstractClass() const;
-    MObject thisMObject() const;
+    virtual MObject thisMObject() const;
 
     static MStatus addAttribute(const MObject& attr);
     static MStatus inheritAttributesFrom(const MString& parentClassName);

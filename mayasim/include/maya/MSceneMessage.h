@@ -1,6 +1,7 @@
 #pragma once
 #include <maya/MMessage.h>
 #include <maya/MStringArray.h>
+#include <maya/MDeprecate.h>
 
 OPENMAYA_MAJOR_NAMESPACE_OPEN
 
