@@ -2,6 +2,7 @@
 # ./build.sh demo   build release and open mayasim-gui on the bundled demo scene (offscreen without a display)
 # ./build.sh test   build with AddressSanitizer + UBSan and run every test
 # ./build.sh bench  build release and run the benchmarks
+# ./build.sh fuzz   build the fuzz targets with clang and run each for FUZZ_SECONDS (300)
 set -euo pipefail
 cd "$(dirname "$0")"
 
@@ -64,8 +65,15 @@ bench)
         [ -x "$program" ] && [ -f "$program" ] && "$program"
     done
     ;;
+fuzz)
+    packages+=(clang libclang-rt-14-dev)
+    install_missing
+    configure_and_build build/fuzz -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_COMPILER=clang++ -DORVANE_BUILD_TESTS=OFF \
+        -DORVANE_BUILD_FUZZ=ON
+    exec fuzz/run.sh build/fuzz "${FUZZ_SECONDS:-300}"
+    ;;
 *)
-    echo "usage: ./build.sh demo | test | bench" >&2
+    echo "usage: ./build.sh demo | test | bench | fuzz" >&2
     exit 2
     ;;
 esac

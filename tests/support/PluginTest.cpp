@@ -1,5 +1,6 @@
 #include "PluginTest.h"
 
+#include "EmptyScene.h"
 #include "SceneText.h"
 
 #include <maya/MDoubleArray.h>
@@ -21,12 +22,7 @@ MObject nodeNamed(const std::string& name)
 
 void PluginTest::SetUp()
 {
-    ASSERT_TRUE(MFileIO::newFile(true));
-    mayasim::host::clearKeySelection();
-    mayasim::host::clearTimeSliderHighlight();
-    for (auto section : {mayasim::host::ChannelBoxSection::Main, mayasim::host::ChannelBoxSection::Shape,
-                         mayasim::host::ChannelBoxSection::Output, mayasim::host::ChannelBoxSection::History})
-        mayasim::host::setChannelBoxHighlight(section, {});
+    ASSERT_TRUE(openEmptyScene());
     ASSERT_TRUE(mayasim::host::loadLinkedPlugin("orvane", initializePlugin, uninitializePlugin));
     mayasim::host::clearOutput();
 }

@@ -1,0 +1,102 @@
+// Fuzz target: every reader of the plug-in's data files. Each input becomes
+// each data file in turn, among valid others, and the commands that read it
+// run on a saved rig with its controls selected.
+#include "FuzzHost.h"
+
+#include "FileBytes.h"
+
+#include <maya/MFileIO.h>
+#include <maya/MGlobal.h>
+#include <mayasim/Host.h>
+
+#include <QDir>
+#include <QDirIterator>
+
+#include <cstdlib>
+#include <utility>
+#include <vector>
+
+namespace {
+
+// A data file, by its path in the data folder, and MEL that reads it.
+// A new reader joins with one row. The rig's identity is 1.
+struct DataFile
+{
+    const char* path;
+    const char* readers;
+};
+
+const DataFile dataFiles[] = {
+    {"default_attributes_data",
+     "OVResetPose; OVResetPose -t -r; OVKeyBlending -bt 9 -bv 0.5; OVKeyBlending -bt 11 -bv -0.5; OVSnapshot"},
+    {"AnimationRecovery/1/lastModified", "OVAnimationRecovery -restore"},
+    {"AnimationRecovery/1/9999999999999_a", "OVAnimationRecovery -restore"},
+    {"AnimationRecovery/1/l", "OVAnimationRecovery -restore"},
+};
+
+// MEL that makes the plug-in write its data files on the rig, each valid:
+// what each input starts from. A new writer joins here.
+const char* const writers = "OVSnapshot; OVAnimationRecovery -enable true; setKeyframe -t 30 -v 2 body_ctrl.tx; "
+                            "animLayer L1; animLayer -e -attribute arm_L_ctrl.rz L1";
+
+void openRig()
+{
+    fuzz::resetScene();
+    MFileIO::open(ORVANE_TEST_DATA "/rig.ma", nullptr, true);
+    MGlobal::executeCommand("createNode OVSceneId; setAttr OVSceneId.id 1; "
+                            "select -r body_ctrl arm_L_ctrl arm_R_ctrl spine_jnt");
+}
+
+QString dataFolder() { return QString::fromStdString(fuzz::dataFolder()); }
+
+using Files = std::vector<std::pair<QString, QByteArray>>;
+
+// The files the writers leave, by path in the data folder. With
+// ORVANE_FUZZ_SEEDS set to a folder they are copied there, as seeds.
+const Files& validFiles()
+{
+    static const Files files = [] {
+        openRig();
+        MGlobal::executeCommand(writers, false, true);
+        // Some writers wait for idle time, or for a timer first.
+        for (int tick = 0; tick < 8; ++tick) {
+            mayasim::host::advanceClock(1);
+            mayasim::host::pumpIdle();
+        }
+        MGlobal::executeCommand("OVAnimationRecovery -enable false");
+        Files found;
+        for (QDirIterator it(dataFolder(), QDir::Files, QDirIterator::Subdirectories); it.hasNext();) {
+            const QString path = it.next();
+            found.emplace_back(QDir(dataFolder()).relativeFilePath(path), readBytes(path));
+        }
+        if (const char* seeds = std::getenv("ORVANE_FUZZ_SEEDS"))
+            for (const auto& [path, bytes] : found)
+                writeBytes(QDir(QString::fromUtf8(seeds)).filePath(QString(path).replace('/', '_')), bytes);
+        return found;
+    }();
+    return files;
+}
+
+void writeFile(const QString& path, const QByteArray& bytes)
+{
+    const QString full = QDir(dataFolder()).filePath(path);
+    QDir().mkpath(QFileInfo(full).path());
+    writeBytes(full, bytes);
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
+{
+    const Files& valid = validFiles();
+    const QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<int>(size));
+    for (const DataFile& file : dataFiles) {
+        openRig();
+        QDir(dataFolder()).removeRecursively();
+        for (const auto& [path, content] : valid)
+            writeFile(path, content);
+        writeFile(QString::fromUtf8(file.path), bytes);
+        MGlobal::executeCommand(file.readers, false, true);
+    }
+    return 0;
+}
