@@ -146,11 +146,10 @@ EditPtr lambda(std::function<void()> apply, std::function<void()> revert)
 
 EditPtr addNode(NodePtr node, NodePtr parent)
 {
-    const int position = -1;
     return lambda(
-        [node, parent, position] {
+        [node, parent] {
             node->alive = true;
-            scene::insertNode(node, parent, position);
+            scene::insertNode(node, parent);
             MObject object = objectOf(node.get());
             events::fireNodeAdded(object);
         },
