@@ -9,6 +9,19 @@
 // reject it against the devkit. Code that needs the names without the
 // classes includes this header.
 
+// Everything mayasim declares is exported from its one library, which
+// stands in for all of Maya's.
+#ifndef DLL_PUBLIC
+#define DLL_PUBLIC __attribute__((visibility("default")))
+#define DLL_PRIVATE __attribute__((visibility("hidden")))
+#endif
+#define OPENMAYA_EXPORT DLL_PUBLIC
+#define OPENMAYAANIM_EXPORT DLL_PUBLIC
+#define OPENMAYAUI_EXPORT DLL_PUBLIC
+#define OPENMAYARENDER_EXPORT DLL_PUBLIC
+#define FND_EXPORT DLL_PUBLIC
+#define IMAGE_EXPORT DLL_PUBLIC
+
 #define OPENMAYA_PRIVATE private
 #define OPENMAYA_PRIVATE_NO_SWIG private
 

@@ -1,12 +1,12 @@
 #pragma once
 // Function set and object types of the Maya 2022 API, numbered as Maya 2022
 // numbers them: plug-ins may compare apiType() values by number.
-#include <maya/MTypes.h>
+#include <maya/MApiNamespace.h>
 
 OPENMAYA_MAJOR_NAMESPACE_OPEN
 
 //! Function set type identifiers.
-class OPENMAYA_EXPORT MFn
+class FND_EXPORT MFn
 {
 public:
     enum Type
@@ -1151,7 +1151,23 @@ public:
         kBlendMatrix = 1137,
         kPickMatrix = 1138,
         kAimMatrix = 1139,
-        kLast = 1140
+        kPrimitiveFalloff = 1140,
+        kBlendFalloff = 1141,
+        kUniformFalloff = 1142,
+        kTransferFalloff = 1143,
+        kComponentFalloff = 1144,
+        kWeightFunctionData = 1145,
+        kFalloffEval = 1146,
+        kComponentMatch = 1147,
+        kProximityFalloff = 1148,
+        kSubsetFalloff = 1149,
+        kLast = 1150,
+
+        // Older names of the same types.
+        kAttribute2Long = kAttribute2Int,
+        kAttribute3Long = kAttribute3Int,
+        kData2Long = kData2Int,
+        kData3Long = kData3Int
     };
 };
 

@@ -8,20 +8,9 @@
 #define MAYA_APP_VERSION 2022
 #define MAYA_API_VERSION 20220000
 
-#ifndef DLL_PUBLIC
-#define DLL_PUBLIC __attribute__((visibility("default")))
-#define DLL_PRIVATE __attribute__((visibility("hidden")))
-#endif
 #ifndef PLUGIN_EXPORT
 #define PLUGIN_EXPORT DLL_PUBLIC
 #endif
-
-#define OPENMAYA_EXPORT DLL_PUBLIC
-#define OPENMAYAANIM_EXPORT DLL_PUBLIC
-#define OPENMAYAUI_EXPORT DLL_PUBLIC
-#define OPENMAYARENDER_EXPORT DLL_PUBLIC
-#define FND_EXPORT DLL_PUBLIC
-#define IMAGE_EXPORT DLL_PUBLIC
 
 #define BEGIN_NO_SCRIPT_SUPPORT public
 #define END_NO_SCRIPT_SUPPORT public
