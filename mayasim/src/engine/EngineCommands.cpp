@@ -84,13 +84,7 @@ MelValue fileInfoCommand(const Invocation& call)
 {
     const ParsedArgs args(call.name, call.words, {{"q", "query", 0}, {"rm", "remove", 1}});
     const auto& positional = args.positional();
-    if (args.has("remove")) {
-        const std::string key = args.args("remove")[0].text;
-        auto& store = entries();
-        store.erase(std::remove_if(store.begin(), store.end(), [&](const auto& e) { return e.first == key; }),
-                    store.end());
-        return MelValue::none();
-    }
+    // A query changes nothing: in query mode -remove takes no key to remove.
     if (args.has("query")) {
         std::vector<std::string> answer;
         for (const auto& entry : entries()) {
@@ -101,6 +95,13 @@ MelValue fileInfoCommand(const Invocation& call)
             answer.push_back(entry.second);
         }
         return MelValue::ofStrings(std::move(answer));
+    }
+    if (args.has("remove")) {
+        const std::string key = args.args("remove")[0].text;
+        auto& store = entries();
+        store.erase(std::remove_if(store.begin(), store.end(), [&](const auto& e) { return e.first == key; }),
+                    store.end());
+        return MelValue::none();
     }
     if (positional.size() != 2)
         throw MelError("Wrong number of arguments on call to fileInfo.");

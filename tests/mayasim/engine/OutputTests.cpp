@@ -74,6 +74,9 @@ TEST_F(EngineState, FileInfoKeepsKeysInOrder)
     EXPECT_STREQ(all[1].asChar(), "mayasim");
     EXPECT_STREQ(all[3].asChar(), "2022");
     EXPECT_EQ(stringResult("fileInfo -q \"version\""), "2022");
+    // In query mode -remove takes no key, and the query removes nothing.
+    EXPECT_EQ(stringResult("fileInfo -rm \"version\" -q"), "2022");
+    EXPECT_EQ(stringResult("fileInfo -q -rm \"version\""), "2022");
     ASSERT_TRUE(mel("fileInfo -rm \"version\"; fileInfo -rm \"application\""));
     EXPECT_EQ(stringResult("fileInfo -q"), "");
     EXPECT_TRUE(mel("requires maya \"2022\"; requires -nodeType \"OVSceneId\" \"orvane\" \"1.2.2\""));
