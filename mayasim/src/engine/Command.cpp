@@ -269,7 +269,6 @@ bool namesFlag(const Word& word, const FlagSpec& flag)
     return word.isFlag() && (word.text.substr(1) == flag.shortName || word.text.substr(1) == flag.longName);
 }
 
-
 const FlagSpec* findFlag(std::initializer_list<FlagSpec> flags, const std::string& name)
 {
     for (const FlagSpec& flag : flags)
