@@ -8,6 +8,7 @@
 #include "Mirror/Registration.h"
 #include "ResetPose/Registration.h"
 #include "SelectOpposite/Registration.h"
+#include "SelectionSet/Registration.h"
 #include "Snapshot/Registration.h"
 #include "Tangent/Registration.h"
 #include "TangentBlending/Registration.h"
@@ -49,6 +50,8 @@ PLUGIN_EXPORT MStatus initializePlugin(MObject obj)
         return status;
     if (!(status = AnimationRecovery::registerCommand(plugin)))
         return status;
+    if (!(status = SelectionSet::registerAll(plugin)))
+        return status;
     if (!(status = Mirror::registerCommand(plugin)))
         return status;
     if (!(status = SelectOpposite::registerCommand(plugin)))
@@ -68,6 +71,8 @@ PLUGIN_EXPORT MStatus uninitializePlugin(MObject obj)
     if (!(status = SelectOpposite::deregisterCommand(plugin)))
         return status;
     if (!(status = Mirror::deregisterCommand(plugin)))
+        return status;
+    if (!(status = SelectionSet::deregisterAll(plugin)))
         return status;
     if (!(status = AnimationRecovery::deregisterCommand(plugin)))
         return status;

@@ -39,7 +39,8 @@ TEST_F(PluginLoad, RegistersTheCommandsInOrder)
     ASSERT_TRUE(mayasim::host::loadLinkedPlugin("orvane", initializePlugin, uninitializePlugin));
     EXPECT_THAT(registeredCommands(),
                 ::testing::ElementsAre("OVKeyBlending", "OVTangentBlending", "OVSnapshot", "OVResetPose",
-                                       "OVAnimationOffset", "OVTimelineOverlay", "OVAnimationRecovery", "OVMirror",
+                                       "OVAnimationOffset", "OVTimelineOverlay", "OVAnimationRecovery", "OVSelectionSet",
+                                       "OVMirror",
                                        "OVSelectOpposite", "OVTangent"));
 }
 
@@ -135,6 +136,10 @@ const char* const everyTool[] = {
     "OVSelectOpposite -ao",
     "OVSelectOpposite -aas",
     "OVAnimationRecovery -enable true",
+    "OVSelectionSet arms",
+    "OVSelectionSet -m 1 x1E0x1Earms arm_R_ctrl",
+    "OVSelectionSet -h 1 x1E0x1Earms",
+    "OVSelectionSet -s 0 x1E0x1Earms",
     "select -r arm_R_ctrl",
 };
 

@@ -150,6 +150,18 @@ const std::vector<Tool> tools{
                 + r.pick(channels);
      }},
     {"current time", 2, [](Random& r) { return "currentTime " + r.number(0, 26, 0.5); }},
+    {"selection set", 3,
+     [](Random& r) {
+         // Sets labelled "set" on the rig's controls: made, selected, changed, hidden, removed.
+         const std::string set = " x1E" + std::to_string(r.integer(0, 2)) + "x1Eset";
+         switch (r.integer(0, 4)) {
+         case 0: return "OVSelectionSet set " + r.some(controls);
+         case 1: return "OVSelectionSet -s " + std::to_string(r.integer(0, 2)) + set;
+         case 2: return "OVSelectionSet -m " + std::to_string(r.integer(0, 2)) + set + " " + r.some(controls);
+         case 3: return "OVSelectionSet -h " + std::to_string(r.integer(0, 1)) + set;
+         default: return "OVSelectionSet -r" + set;
+         }
+     }},
     {"recovery restore", 1, [](Random&) { return std::string("OVAnimationRecovery -restore"); }},
 };
 
