@@ -46,12 +46,27 @@ bool workspaceControlFloating(const MString& name) { return queryFlag("-floating
 
 bool workspaceControlVisible(const MString& name) { return queryFlag("-visible", name); }
 
+MStatus hideWorkspaceControl(const MString& name)
+{
+    MString command;
+    command.format("workspaceControl -e -visible ^1s \"^2s\"", MString() + 0.0, name);
+    return MGlobal::executeCommand(command);
+}
+
+MStatus restoreWorkspaceControl(const MString& name)
+{
+    MString command;
+    command.format("workspaceControl -e -restore \"^1s\"", name);
+    return MGlobal::executeCommand(command);
+}
+
 void centerWindowOnCursor(QWidget* widget)
 {
     if (!widget)
         return;
+    // QRect::moveCenter would land one pixel off for even sizes.
     QWidget* window = widget->window();
-    QRect frame = window->frameGeometry();
-    frame.moveCenter(QCursor::pos());
-    window->move(frame.topLeft());
+    const QRect frame = window->frameGeometry();
+    const QPoint cursor = QCursor::pos();
+    window->move(cursor.x() - frame.width() / 2, cursor.y() - frame.height() / 2);
 }

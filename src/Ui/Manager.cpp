@@ -1,0 +1,87 @@
+#include "Ui/Manager.h"
+
+#include "Ui/Cmd.h"
+#include "Ui/Main.h"
+#include "Utils/MayaCmds/WorkspaceControl.h"
+#include "Utils/Report.h"
+#include "Utils/Version.h"
+
+#include <maya/MQtUtil.h>
+
+#include <memory>
+
+namespace Ui {
+
+namespace {
+
+std::unique_ptr<Manager>& held()
+{
+    static std::unique_ptr<Manager> manager;
+    return manager;
+}
+
+} // namespace
+
+Manager& Manager::instance()
+{
+    if (!held())
+        held() = std::make_unique<Manager>();
+    return *held();
+}
+
+void Manager::destroy() { held().reset(); }
+
+Main* Manager::panel() const { return main; }
+
+Manager::~Manager()
+{
+    if (workspaceControl)
+        closeWorkspaceControl(name);
+    delete main;
+}
+
+MStatus Manager::toggle()
+{
+    // A control whose panel is in it toggles. When Maya rebuilds the layout
+    // and runs the ui script, the panel is not in the new control yet: it is
+    // put back without hiding what the user left open.
+    if (workspaceControl && main && workspaceControl->isAncestorOf(main))
+        return toggleWorkspace();
+    if (!workspaceControlExists(name)) {
+        const MStatus status = createWorkspaceControl(MString("Orvane ") + PluginVersion, CommandName, name);
+        if (!status) {
+            OV_REPORT(QStringLiteral("failed to create workspace"), "toggle");
+            return status;
+        }
+    }
+    workspaceControl = MQtUtil::findControl(name);
+    if (!workspaceControl)
+        return MS::kSuccess;
+    if (!main)
+        main = new Main;
+    MQtUtil::addWidgetToMayaLayout(main, workspaceControl);
+    const MStatus status = setWorkspaceUiScript(CommandName, name);
+    if (!status) {
+        OV_REPORT(QStringLiteral("failed to add ui script for workspace"), "toggle");
+        return status;
+    }
+    // A control left closed by an earlier load of the plug-in comes back.
+    if (!workspaceControlVisible(name))
+        return restoreWorkspaceControl(name);
+    return status;
+}
+
+MStatus Manager::toggleWorkspace()
+{
+    if (workspaceControlVisible(name))
+        return hideWorkspaceControl(name);
+    return restoreWorkspaceControl(name);
+}
+
+void Manager::moveToCursor()
+{
+    if (main && workspaceControlVisible(name) && workspaceControlFloating(name))
+        centerWindowOnCursor(main);
+}
+
+} // namespace Ui

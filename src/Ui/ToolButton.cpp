@@ -1,0 +1,51 @@
+#include "Ui/ToolButton.h"
+
+#include <maya/MGlobal.h>
+
+#include <QLayout>
+#include <QMenu>
+#include <QMouseEvent>
+
+namespace Ui {
+
+ToolButton::ToolButton(const QString& toolTip, const QString& icon, QWidget* parent)
+    : QPushButton(parent), menu(new QMenu(this))
+{
+    setFlat(true);
+    setFixedSize(30, 30);
+    setIconSize(QSize(30, 30));
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    setToolTip(toolTip);
+    setIcon(QIcon(icon));
+}
+
+void ToolButton::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::RightButton) {
+        menu->exec(event->globalPos());
+        return;
+    }
+    QPushButton::mousePressEvent(event);
+}
+
+QAction* ToolButton::addCommandEntry(const QString& text, const MString& command, bool display, bool undo)
+{
+    QAction* action = menu->addAction(text);
+    connect(action, &QAction::triggered, this, [command, display, undo] {
+        MGlobal::executeCommand(command, display, undo);
+    });
+    return action;
+}
+
+void ToolButton::addDeleteEntry()
+{
+    connect(menu->addAction(QStringLiteral("Delete")), &QAction::triggered, this, [this] {
+        // Out of the row first, so that the save that follows leaves it out.
+        if (parentWidget() && parentWidget()->layout())
+            parentWidget()->layout()->removeWidget(this);
+        emit uiStateChanged();
+        deleteLater();
+    });
+}
+
+} // namespace Ui
