@@ -89,10 +89,21 @@ struct ObjectRecord
     ObjectSpace space;
 };
 
+// The channels that give the parent-space matrix local: the rotation as the
+// angles nearest pose.keyRotate, the scale, and the translation that puts the
+// pivot where the matrix does.
+void poseOf(const MMatrix& local, const ObjectSpace& object, PoseChannels& pose);
+
 // Blends the poses of the parent-space matrices a and b by t into pose: the
 // rotation along the shortest arc, as the angles nearest pose.keyRotate;
 // scale and the pivot's path in a line.
 void blendPose(const MMatrix& a, const MMatrix& b, double t, const ObjectSpace& object, PoseChannels& pose);
+
+// Which of the nine transform channels (translateX to scaleZ, 0 to 8) a
+// name holds; -1 for none.
+int channelIndex(const MString& name);
+// Channel 0 to 8 of pose.
+double channelOf(const PoseChannels& pose, int index);
 
 // The component of pose that the curve named name drives, found by the
 // channel name it contains; fallback for any other curve.

@@ -78,19 +78,36 @@ MVector anglesAt(const MPlug& plug, const MTime& time)
     return anglesOf(plug);
 }
 
+namespace {
+
+// The rotate channels of a parent-space rotation: without the rotate axis
+// before and the joint orient after, what is left is the object's own
+// rotation, as the angles nearest pose.keyRotate.
+void storeRotation(const MQuaternion& rotation, const ObjectSpace& object, PoseChannels& pose)
+{
+    const MQuaternion own = object.rotateAxisQ.inverse() * rotation * object.jointOrientQ.inverse();
+    store(nearestEuler(own, static_cast<MEulerRotation::RotationOrder>(object.rotationOrder), pose.keyRotate),
+          pose.rotate);
+}
+
+} // namespace
+
+void poseOf(const MMatrix& local, const ObjectSpace& object, PoseChannels& pose)
+{
+    const MTransformationMatrix transform(local);
+    const MQuaternion rotation = transform.rotation();
+    storeRotation(rotation, object, pose);
+    transform.getScale(pose.scale, MSpace::kTransform);
+    store(pivotPath(local, rotation, object.pivot), pose.translate);
+}
+
 void blendPose(const MMatrix& a, const MMatrix& b, double t, const ObjectSpace& object, PoseChannels& pose)
 {
     const MTransformationMatrix transformA(a);
     const MTransformationMatrix transformB(b);
     const MQuaternion rotationA = transformA.rotation();
     const MQuaternion rotationB = transformB.rotation();
-
-    // Without the rotate axis before and the joint orient after, what is left
-    // is the object's own rotate channels.
-    const MQuaternion rotation = object.rotateAxisQ.inverse() * slerp(rotationA, rotationB, t)
-                                 * object.jointOrientQ.inverse();
-    store(nearestEuler(rotation, static_cast<MEulerRotation::RotationOrder>(object.rotationOrder), pose.keyRotate),
-          pose.rotate);
+    storeRotation(slerp(rotationA, rotationB, t), object, pose);
 
     double scaleA[3];
     double scaleB[3];
@@ -102,18 +119,27 @@ void blendPose(const MMatrix& a, const MMatrix& b, double t, const ObjectSpace& 
     store(lerp(pivotPath(a, rotationA, object.pivot), pivotPath(b, rotationB, object.pivot), t), pose.translate);
 }
 
-double channelValue(const MString& name, const PoseChannels& pose, double fallback)
+int channelIndex(const MString& name)
 {
     // Made once: this runs for every key at every step.
     static const MString channels[] = {"translateX", "translateY", "translateZ", "rotateX", "rotateY",
                                        "rotateZ",    "scaleX",     "scaleY",     "scaleZ"};
-    const double* const values[] = {&pose.translate[0], &pose.translate[1], &pose.translate[2],
-                                    &pose.rotate[0],    &pose.rotate[1],    &pose.rotate[2],
-                                    &pose.scale[0],     &pose.scale[1],     &pose.scale[2]};
-    for (unsigned int i = 0; i < 9; ++i)
+    for (int i = 0; i < 9; ++i)
         if (name.indexW(channels[i]) >= 0)
-            return *values[i];
-    return fallback;
+            return i;
+    return -1;
+}
+
+double channelOf(const PoseChannels& pose, int index)
+{
+    const double(&values)[3] = index < 3 ? pose.translate : index < 6 ? pose.rotate : pose.scale;
+    return values[index % 3];
+}
+
+double channelValue(const MString& name, const PoseChannels& pose, double fallback)
+{
+    const int index = channelIndex(name);
+    return index < 0 ? fallback : channelOf(pose, index);
 }
 
 } // namespace KeyBlending

@@ -41,7 +41,7 @@ TEST_F(PluginLoad, RegistersTheCommandsInOrder)
                 ::testing::ElementsAre("OVKeyBlending", "OVTangentBlending", "OVSnapshot", "OVResetPose",
                                        "OVAnimationOffset", "OVTimelineOverlay", "OVAnimationRecovery", "OVSelectionSet",
                                        "OVMirror",
-                                       "OVSelectOpposite", "OVTangent"));
+                                       "OVSelectOpposite", "OVXFormWorldSpace", "OVTangent"));
 }
 
 TEST_F(PluginLoad, FailedRegistrationStopsTheLoadWithOneReport)
@@ -135,6 +135,8 @@ const char* const everyTool[] = {
     "OVMirror",
     "OVSelectOpposite -ao",
     "OVSelectOpposite -aas",
+    "OVXFormWorldSpace",
+    "OVXFormWorldSpace -p",
     "OVAnimationRecovery -enable true",
     "OVSelectionSet arms",
     "OVSelectionSet -m 1 x1E0x1Earms arm_R_ctrl",

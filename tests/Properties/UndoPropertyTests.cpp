@@ -163,6 +163,8 @@ const std::vector<Tool> tools{
          }
      }},
     {"recovery restore", 1, [](Random&) { return std::string("OVAnimationRecovery -restore"); }},
+    {"world-space copy", 1, [](Random&) { return std::string("OVXFormWorldSpace"); }},
+    {"world-space paste", 2, [](Random&) { return std::string("OVXFormWorldSpace -p"); }},
 };
 
 const Tool& drawTool(Random& random)
