@@ -12,16 +12,17 @@
 #include "Snapshot/Registration.h"
 #include "Tangent/Registration.h"
 #include "TangentBlending/Registration.h"
+#include "Ui/Registration.h"
 #include "Ui/TimelineOverlay/Registration.h"
 #include "Utils/Nodes/SceneId/Registration.h"
 #include "Utils/Report.h"
 #include "Utils/Tasks.h"
 #include "XFormWorldSpace/Registration.h"
+#include "Utils/Version.h"
 
 namespace {
 
 const char* const Vendor = "Orvane";
-const char* const PluginVersion = "1.2.2";
 const char* const RequiredApiVersion = "Any";
 
 } // namespace
@@ -53,6 +54,8 @@ PLUGIN_EXPORT MStatus initializePlugin(MObject obj)
         return status;
     if (!(status = SelectionSet::registerAll(plugin)))
         return status;
+    if (!(status = Ui::registerCommands(plugin)))
+        return status;
     if (!(status = Mirror::registerCommand(plugin)))
         return status;
     if (!(status = SelectOpposite::registerCommand(plugin)))
@@ -76,6 +79,8 @@ PLUGIN_EXPORT MStatus uninitializePlugin(MObject obj)
     if (!(status = SelectOpposite::deregisterCommand(plugin)))
         return status;
     if (!(status = Mirror::deregisterCommand(plugin)))
+        return status;
+    if (!(status = Ui::deregisterCommands(plugin)))
         return status;
     if (!(status = SelectionSet::deregisterAll(plugin)))
         return status;
