@@ -45,12 +45,12 @@
 // signatures name without a header of their own here (MFileObject). A class
 // added to mayasim's headers is added to this list.
 #define MAYASIM_API_CLASSES(X)                                                                          \
-    X(MAngle) X(MAnimControl) X(MAnimCurveChange) X(MAnimMessage) X(MAnimUtil) X(MArgDatabase)          \
-    X(MArgList) X(MArgParser) X(MCallbackIdArray) X(MColor) X(MConditionMessage) X(MDGContext)          \
+    X(M3dView) X(MAngle) X(MAnimControl) X(MAnimCurveChange) X(MAnimMessage) X(MAnimUtil) X(MArgDatabase)          \
+    X(MArgList) X(MArgParser) X(MBoundingBox) X(MCallbackIdArray) X(MColor) X(MConditionMessage) X(MDGContext)          \
     X(MDGContextGuard) X(MDGMessage) X(MDGModifier) X(MDagMessage) X(MDagModifier) X(MDagPath)          \
     X(MDagPathArray) X(MDataBlock) X(MDataHandle) X(MDistance) X(MDoubleArray) X(MEulerRotation)        \
     X(MEventMessage) X(MFileIO) X(MFileObject) X(MFloatArray) X(MFloatMatrix) X(MFloatPoint)            \
-    X(MFloatVector) X(MFn) X(MFnAnimCurve) X(MFnAttribute) X(MFnBase) X(MFnCompoundAttribute)           \
+    X(MFloatVector) X(MFn) X(MFnAnimCurve) X(MFnCamera) X(MFnAttribute) X(MFnBase) X(MFnCompoundAttribute)           \
     X(MFnDagNode) X(MFnData) X(MFnDependencyNode) X(MFnEnumAttribute) X(MFnKeyframeDelta)               \
     X(MFnKeyframeDeltaAddRemove) X(MFnKeyframeDeltaInfType) X(MFnKeyframeDeltaMove)                     \
     X(MFnKeyframeDeltaTangent) X(MFnKeyframeDeltaWeighted) X(MFnMatrixAttribute) X(MFnMatrixData)       \
@@ -58,20 +58,34 @@
     X(MFnTransform) X(MFnTypedAttribute) X(MFnUnitAttribute) X(MGlobal) X(MIntArray)                    \
     X(MItDependencyNodes) X(MItSelectionList) X(MLibrary) X(MMatrix) X(MMessage) X(MModelMessage)       \
     X(MNodeMessage) X(MObject) X(MObjectArray) X(MObjectHandle) X(MPlug) X(MPlugArray) X(MPoint)        \
-    X(MPointArray) X(MPxCommand) X(MPxLocatorNode) X(MPxNode) X(MQuaternion) X(MSceneMessage)           \
+    X(MPointArray) X(MPxCommand) X(MPxLocatorNode) X(MPxNode) X(MQuaternion) X(MSceneMessage) X(MSelectionMask)           \
     X(MSelectionList) X(MSpace) X(MStatus) X(MString) X(MStringArray) X(MSyntax) X(MTime) X(MTimeArray) \
-    X(MTimerMessage) X(MTransformationMatrix) X(MTypeId) X(MUintArray) X(MUuid) X(MVector)              \
+    X(MTimerMessage) X(MTransformationMatrix) X(MTypeId) X(MUintArray) X(MUserData) X(MUuid) X(MVector)  \
     X(MVectorArray)
+
+// Viewport 2.0's classes, in MHWRender inside the versioned namespace.
+#define MAYASIM_RENDER_CLASSES(X)                                                                        \
+    X(MDrawContext) X(MDrawRegistry) X(MFrameContext) X(MPxDrawOverride) X(MRenderItem)                 \
+    X(MSelectionContext) X(MSelectionInfo) X(MUIDrawManager)
 
 #define MAYASIM_DECLARE_API_CLASS(name) class name;
 #define MAYASIM_GLOBAL_API_NAME(name) typedef OPENMAYA_MAJOR_NAMESPACE_SCHEMA::name name;
 
 OPENMAYA_MAJOR_NAMESPACE_OPEN
 MAYASIM_API_CLASSES(MAYASIM_DECLARE_API_CLASS)
+namespace MHWRender {
+MAYASIM_RENDER_CLASSES(MAYASIM_DECLARE_API_CLASS)
+}
 OPENMAYA_NAMESPACE_CLOSE
 
 MAYASIM_API_CLASSES(MAYASIM_GLOBAL_API_NAME)
+#define MAYASIM_GLOBAL_RENDER_NAME(name) typedef OPENMAYA_MAJOR_NAMESPACE_SCHEMA::MHWRender::name name;
+namespace MHWRender {
+MAYASIM_RENDER_CLASSES(MAYASIM_GLOBAL_RENDER_NAME)
+}
 
 #undef MAYASIM_DECLARE_API_CLASS
 #undef MAYASIM_GLOBAL_API_NAME
+#undef MAYASIM_GLOBAL_RENDER_NAME
 #undef MAYASIM_API_CLASSES
+#undef MAYASIM_RENDER_CLASSES

@@ -2,6 +2,8 @@
 #include <maya/MTypes.h>
 #include <maya/MObject.h>
 #include <maya/MPxNode.h>
+#include <maya/M3dView.h>
+#include <maya/MBoundingBox.h>
 
 OPENMAYA_MAJOR_NAMESPACE_OPEN
 
@@ -14,8 +16,21 @@ public:
     MPxNode::Type type() const override;
 
     virtual bool isBounded() const;
+    virtual MBoundingBox boundingBox() const;
+
+    unsigned int color(M3dView::DisplayStatus displayStatus);
+
+    MColor colorRGB(M3dView::DisplayStatus displayStatus);
+
     virtual bool excludeAsLocator() const;
+
     virtual bool isTransparent() const;
+
+    virtual bool drawLast() const;
+
+    virtual bool useClosestPointForSelection() const;
+
+    virtual MPoint closestPoint(MPoint cursorRayPoint, MVector cursorRayDir) const;
 
     static MObject underWorldObject;
     static MObject localPosition;

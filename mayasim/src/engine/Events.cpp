@@ -27,10 +27,17 @@ void fireOnNode(Channel channel, const MObject& node, const std::function<void(c
     callbacks::fire(channel, [identity](const Callback& c) { return c.node == identity; }, call);
 }
 
+unsigned long& revision()
+{
+    static unsigned long count = 0;
+    return count;
+}
+
 // Every change of the scene passes through here: the document is modified.
 void sceneChanged()
 {
     file::setModified(true);
+    ++revision();
 }
 
 } // namespace
@@ -44,6 +51,7 @@ void fireEvent(const std::string& name)
 
 void fireSceneMessage(int message)
 {
+    ++revision();
     callbacks::fire(
         Channel::Scene, [message](const Callback& c) { return c.message == message; },
         [](const Callback& c) { c.as<MMessage::MBasicFunction>()(c.clientData); });
@@ -72,6 +80,7 @@ void fireConditionChanged(const std::string& name, bool state)
 
 void fireActiveListModified()
 {
+    ++revision();
     callbacks::fire(Channel::ActiveList, always,
                     [](const Callback& c) { c.as<MMessage::MBasicFunction>()(c.clientData); });
     fireEvent("SelectionChanged");
@@ -79,6 +88,7 @@ void fireActiveListModified()
 
 void fireTimeChanged(const MTime& time)
 {
+    ++revision();
     callbacks::fire(Channel::TimeChange, always, [&time](const Callback& c) {
         // Each callback gets its own copy: Maya hands out a time it may change.
         callbacks::withTimeCopy(time, [&c](MTime& copy) { c.as<MMessage::MTimeFunction>()(copy, c.clientData); });
@@ -141,6 +151,11 @@ void fireWorldMatrixModified(MObject& transform)
             c.as<MDagMessage::MWorldMatrixModifiedFunction>()(moved, modified, c.clientData);
         });
     });
+}
+
+unsigned long sceneRevision()
+{
+    return revision();
 }
 
 } // namespace mayasim::events

@@ -22,4 +22,8 @@ void fireNodePreRemoval(MObject& node);
 void fireNameChanged(MObject& node, const MString& previousName);
 void fireWorldMatrixModified(MObject& transform); // MDagMessage, for the node itself only
 
+// Counts the changes views show: the scene's, the time's, the selection's.
+// A view draws again when it has changed since its last draw.
+unsigned long sceneRevision();
+
 } // namespace mayasim::events

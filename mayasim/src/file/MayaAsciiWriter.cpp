@@ -4,6 +4,7 @@
 #include "engine/Plugins.h"
 #include "file/MayaAscii.h"
 #include "foundation/NumberText.h"
+#include "scene/DefaultCameras.h"
 #include "scene/References.h"
 #include "scene/Scene.h"
 
@@ -320,7 +321,7 @@ void writeNodes(std::ostream& out, const std::vector<NodePtr>& ordered,
 }
 
 // DAG nodes parent first, depth first in child order; then the others in
-// creation order.
+// creation order. The default cameras stay out: every scene makes its own.
 std::vector<NodePtr> nodesInFileOrder()
 {
     std::vector<NodePtr> ordered;
@@ -329,6 +330,8 @@ std::vector<NodePtr> nodesInFileOrder()
     {
         NodePtr node = pending.back();
         pending.pop_back();
+        if (cameras::isDefaultCamera(*node))
+            continue;
         ordered.push_back(node);
         pending.insert(pending.end(), node->children.rbegin(), node->children.rend());
     }

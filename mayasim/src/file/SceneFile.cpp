@@ -6,6 +6,7 @@
 #include "engine/UndoQueue.h"
 #include "file/MayaAscii.h"
 #include "openmayaanim/TimeControl.h"
+#include "scene/DefaultCameras.h"
 #include "scene/Namespaces.h"
 #include "scene/Operations.h"
 #include "scene/Scene.h"
@@ -84,6 +85,7 @@ void clearScene()
     clearFileInfo();
     undo::flush();
     anim::resetTime();
+    cameras::createDefaultCameras();
 }
 
 void readInto(const std::string& path, bool& phase, bool asReference = false)

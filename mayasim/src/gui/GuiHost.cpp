@@ -5,6 +5,7 @@
 #include "gui/ChannelBox.h"
 #include "gui/Hotkeys.h"
 #include "gui/TimeSlider.h"
+#include "gui/Viewports.h"
 #include "gui/WorkspaceControls.h"
 
 #include <mayasim/Gui.h>
@@ -29,25 +30,6 @@
 namespace mayasim::gui {
 
 namespace {
-
-// Where the viewports go: for now Maya's background gradient.
-class ViewPanes : public QWidget
-{
-public:
-    explicit ViewPanes(QWidget* parent) : QWidget(parent) { setObjectName("viewPanes"); }
-
-protected:
-    void paintEvent(QPaintEvent*) override
-    {
-        QPainter painter(this);
-        QLinearGradient gradient(0, 0, 0, height());
-        gradient.setColorAt(0, QColor(129, 146, 163));
-        gradient.setColorAt(1, QColor(36, 39, 43));
-        painter.fillRect(rect(), gradient);
-        painter.setPen(QColor(220, 220, 220));
-        painter.drawText(rect().adjusted(0, 0, 0, -6), Qt::AlignHCenter | Qt::AlignBottom, "persp");
-    }
-};
 
 struct Host
 {
@@ -85,7 +67,7 @@ QMainWindow* buildMainWindow()
     auto* layout = new QVBoxLayout(central);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(new ViewPanes(central), 1);
+    layout->addWidget(makeViewPanes(central), 1);
 
     // The time slider row, then the range slider row.
     auto* sliderRow = new QWidget(central);
@@ -216,6 +198,7 @@ void syncWidgets()
     h.range->sync();
     h.playback->sync();
     h.channelBox->sync();
+    syncViews();
 }
 
 void prepareEnvironment()

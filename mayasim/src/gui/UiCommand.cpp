@@ -4,6 +4,7 @@
 // input does, so modifiers reach QGuiApplication::keyboardModifiers().
 #include "engine/Command.h"
 #include "gui/GuiHost.h"
+#include "gui/Viewports.h"
 #include "gui/WorkspaceControls.h"
 
 #include <QtCore/QEventLoop>
@@ -484,6 +485,21 @@ MelValue query(const ParsedArgs& args)
         }
     }
     QWidget* widget = object(args);
+    if (args.has("refreshCount"))
+    {
+        const auto* panel = dynamic_cast<const ModelPanel*>(widget);
+        return MelValue::ofInt(static_cast<long>(panel ? panel->refreshCount() : refreshCount()));
+    }
+    if (args.has("drawList"))
+    {
+        const auto* panel = dynamic_cast<const ModelPanel*>(widget);
+        if (!panel)
+            fail("'" + widget->objectName().toStdString() + "' is not a model panel.");
+        std::vector<std::string> lines;
+        for (const render::Primitive& primitive : panel->drawList())
+            lines.push_back(render::describe(primitive));
+        return MelValue::ofStrings(lines);
+    }
     if (args.has("pixel"))
     {
         const QPoint at = point(args.args("pixel"), 0);
@@ -578,7 +594,9 @@ MelValue mayasimUi(const Invocation& call)
                            {"ch", "children", 0},
                            {"f", "find", 1, true},
                            {"rs", "resize", 2},
-                           {"rb", "rebuild", 0}});
+                           {"rb", "rebuild", 0},
+                           {"dl", "drawList", 0},
+                           {"rc", "refreshCount", 0}});
     requireInterface(call.name);
     dialogs();
     if (args.has("query"))

@@ -1,4 +1,6 @@
 #include <maya/MPxLocatorNode.h>
+#include <maya/MPoint.h>
+#include <maya/MVector.h>
 #include <maya/MPxNode.h>
 
 #include "scene/Node.h"
@@ -151,6 +153,37 @@ bool MPxLocatorNode::isBounded() const
     return false;
 }
 
+MBoundingBox MPxLocatorNode::boundingBox() const
+{
+    return MBoundingBox();
+}
+
+// Maya's default palette for locators: dark blue at rest, white when
+// selected, light green for the lead object, grey when templated.
+unsigned int MPxLocatorNode::color(M3dView::DisplayStatus displayStatus)
+{
+    switch (displayStatus)
+    {
+    case M3dView::kLead: return 18;
+    case M3dView::kActive:
+    case M3dView::kActiveAffected: return 16;
+    case M3dView::kTemplate:
+    case M3dView::kActiveTemplate: return 2;
+    default: return 5;
+    }
+}
+
+MColor MPxLocatorNode::colorRGB(M3dView::DisplayStatus displayStatus)
+{
+    switch (color(displayStatus))
+    {
+    case 18: return MColor(0.26F, 1.0F, 0.64F);
+    case 16: return MColor(1.0F, 1.0F, 1.0F);
+    case 2: return MColor(0.25F, 0.25F, 0.25F);
+    default: return MColor(0.0F, 0.016F, 0.376F);
+    }
+}
+
 bool MPxLocatorNode::excludeAsLocator() const
 {
     return true;
@@ -159,6 +192,22 @@ bool MPxLocatorNode::excludeAsLocator() const
 bool MPxLocatorNode::isTransparent() const
 {
     return false;
+}
+
+bool MPxLocatorNode::drawLast() const
+{
+    return false;
+}
+
+bool MPxLocatorNode::useClosestPointForSelection() const
+{
+    return false;
+}
+
+// Without its own answer a locator is picked at its origin.
+MPoint MPxLocatorNode::closestPoint(MPoint, MVector) const
+{
+    return MPoint();
 }
 
 const char* MPxLocatorNode::className()

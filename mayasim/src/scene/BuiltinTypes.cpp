@@ -125,7 +125,12 @@ void registerBuiltins()
          makeNumeric("focalLength", "fl", MFnNumericData::kDouble, 35.0),
          makeUnit("nearClipPlane", "ncp", MFnUnitAttribute::kDistance, 0.1),
          makeUnit("farClipPlane", "fcp", MFnUnitAttribute::kDistance, 10000.0),
-         makeUnit("centerOfInterest", "coi", MFnUnitAttribute::kDistance, 5.0)});
+         makeUnit("centerOfInterest", "coi", MFnUnitAttribute::kDistance, 5.0),
+         // The film back in inches (35 mm full aperture) and how it fits the view.
+         makeNumeric("horizontalFilmAperture", "hfa", MFnNumericData::kDouble, 1.41732),
+         makeNumeric("verticalFilmAperture", "vfa", MFnNumericData::kDouble, 0.94488),
+         makeEnum("filmFit", "ff", {{"Fill", 0}, {"Horizontal", 1}, {"Vertical", 2}, {"Overscan", 3}}, 1),
+         makeNumeric("overscan", "ovr", MFnNumericData::kDouble, 1.0)});
 }
 
 } // namespace

@@ -17,6 +17,9 @@
 #include <string>
 #include <vector>
 
+// What plain `ls` lists first: the cameras every scene starts with.
+#define DEFAULT_CAMERAS "persp", "perspShape", "top", "topShape", "front", "frontShape", "side", "sideShape"
+
 class FileTest : public ::testing::Test
 {
 protected:

@@ -87,7 +87,8 @@ TEST_F(MayaAscii, SavedSceneLoadsBackTheSame)
 
     ASSERT_TRUE(MFileIO::open(first.c_str(), nullptr, true));
     EXPECT_THAT(errors(), IsEmpty());
-    EXPECT_THAT(melStrings("ls -type transform"), ElementsAre("root", "child", "bone"));
+    EXPECT_THAT(melStrings("ls -type transform"), ElementsAre("persp", "top", "front", "side", "root", "child", "bone"))
+        << "the default cameras, then the file's own";
     EXPECT_EQ(typeOf("bone"), "joint");
     EXPECT_THAT(melStrings("listRelatives -p boneShape"), ElementsAre("bone"));
     EXPECT_THAT(melStrings("listRelatives -p bone"), ElementsAre("child"));

@@ -28,7 +28,7 @@ TEST_F(Namespaces, NewNodesGoIntoTheCurrentNamespaceAndNamesCarryIt)
     EXPECT_EQ(melString("createNode transform -n \"grp\""), "FOO:grp");
     EXPECT_EQ(melString("createNode transform -p \"FOO:grp\""), "FOO:transform1");
     EXPECT_EQ(melString("createNode transform -n \"ctrl\" -p \"FOO:grp\""), "FOO:ctrl");
-    EXPECT_EQ(melString("createNode transform -n \":top\""), "top");
+    EXPECT_EQ(melString("createNode transform -n \":stage\""), "stage");
     ASSERT_TRUE(mel("namespace -set \"BAR\"")) << "relative to the current namespace";
     EXPECT_EQ(melString("namespaceInfo -cur"), "FOO:BAR");
     ASSERT_TRUE(mel("namespace -set \"..\""));
@@ -45,7 +45,7 @@ TEST_F(Namespaces, NewNodesGoIntoTheCurrentNamespaceAndNamesCarryIt)
     EXPECT_THAT(melStrings("ls \":FOO:ctrl\""), ElementsAre("FOO:ctrl"));
     EXPECT_FALSE(mel("select \"ctrl\""));
     // Wildcards stay within one namespace level.
-    EXPECT_THAT(melStrings("ls \"*\""), ElementsAre("top", "grp"));
+    EXPECT_THAT(melStrings("ls \"*\""), ElementsAre(DEFAULT_CAMERAS, "stage", "grp"));
     EXPECT_THAT(melStrings("ls \"FOO:*\""), ElementsAre("FOO:grp", "FOO:transform1", "FOO:ctrl"));
     EXPECT_THAT(melStrings("ls \"*:ctrl\""), ElementsAre("FOO:ctrl"));
     ASSERT_TRUE(mel("select \"FOO:*\""));
@@ -79,7 +79,7 @@ TEST_F(Namespaces, RemovingANamespaceNeedsItEmptyOrItsContentMergedOrDeleted)
 
     const std::string before = savedText("before.ma");
     ASSERT_TRUE(mel("namespace -removeNamespace \":FOO\" -mergeNamespaceWithRoot"));
-    EXPECT_THAT(melStrings("ls \"*\""), ElementsAre("ctrl", "ctrl1"));
+    EXPECT_THAT(melStrings("ls \"*\""), ElementsAre(DEFAULT_CAMERAS, "ctrl", "ctrl1"));
     EXPECT_THAT(melStrings("ls \"BAR:*\""), ElementsAre("BAR:knob"));
     EXPECT_EQ(melNumber("namespace -exists \":FOO\""), 0.0);
     EXPECT_EQ(melString("namespaceInfo -cur"), ":") << "the root takes over from a removed current namespace";
@@ -89,7 +89,7 @@ TEST_F(Namespaces, RemovingANamespaceNeedsItEmptyOrItsContentMergedOrDeleted)
     EXPECT_EQ(savedText("undone.ma"), before);
 
     ASSERT_TRUE(mel("namespace -removeNamespace \"FOO\" -deleteNamespaceContent"));
-    EXPECT_THAT(melStrings("ls"), ElementsAre("ctrl"));
+    EXPECT_THAT(melStrings("ls"), ElementsAre(DEFAULT_CAMERAS, "ctrl"));
     EXPECT_THAT(melStrings("namespaceInfo -listOnlyNamespaces -recurse -internal"), ElementsAre());
     ASSERT_TRUE(mel("namespace -add \"EMPTY\"; namespace -removeNamespace \"EMPTY\""));
     EXPECT_EQ(melNumber("namespace -exists \"EMPTY\""), 0.0);

@@ -1,6 +1,7 @@
 #pragma once
 // GUI host tests: a real QApplication on the offscreen platform for the
 // whole program, and a main window opened on an empty scene for each test.
+#include <maya/MEventMessage.h>
 #include <maya/MGlobal.h>
 #include <maya/MStringArray.h>
 #include <mayasim/Gui.h>
@@ -27,4 +28,19 @@ protected:
     static double number(const std::string& command);
     // The last error the script output shows.
     static std::string lastError();
+};
+
+// Counts the times an event is raised while it lives.
+struct EventCount
+{
+    explicit EventCount(const char* event)
+        : id(MEventMessage::addEventCallback(event, [](void* data) { ++static_cast<EventCount*>(data)->count; }, this))
+    {
+    }
+    ~EventCount() { MMessage::removeCallback(id); }
+    EventCount(const EventCount&) = delete;
+    EventCount& operator=(const EventCount&) = delete;
+
+    int count = 0;
+    MCallbackId id;
 };

@@ -34,7 +34,8 @@ TEST_F(CmdsTest, ResultsComeBackAsPythonValues)
                 ElementsAre("int 4"));
     EXPECT_THAT(pythonOutput("r = maya.cmds.getAttr('ball.tx'); print(type(r).__name__, r)"),
                 ElementsAre("float 0.0"));
-    EXPECT_THAT(pythonOutput("print(repr(maya.cmds.ls(type='transform')))"), ElementsAre("['ball']"));
+    EXPECT_THAT(pythonOutput("print(repr(maya.cmds.ls(type='transform')))"), ElementsAre("['persp', 'top', 'front', 'side', 'ball']"))
+        << "the default cameras first";
     EXPECT_THAT(pythonOutput("print(maya.cmds.xform('ball', q=True, t=True))"), ElementsAre("[0.0, 0.0, 0.0]"));
     EXPECT_THAT(pythonOutput("print(maya.cmds.setAttr('ball.tx', 2))"), ElementsAre("None"));
     EXPECT_THAT(pythonOutput("print(repr(maya.cmds.createNode('transform', name='box')))"), ElementsAre("'box'"));

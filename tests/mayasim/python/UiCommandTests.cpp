@@ -82,8 +82,8 @@ TEST_F(UiCommandTest, TheTimeSlidersMainListFollowsItsConnection)
 TEST_F(UiCommandTest, XformReadsAndSetsObjectAndWorldSpace)
 {
     // A parent moved, turned 90 degrees about y and scaled by 2.
-    ASSERT_TRUE(mel("createNode transform -n top; setAttr top.t 10 0 0; setAttr top.ry 90; setAttr top.s 2 2 2; "
-                    "createNode transform -n child -p top; setAttr child.t 1 0 0"));
+    ASSERT_TRUE(mel("createNode transform -n rig; setAttr rig.t 10 0 0; setAttr rig.ry 90; setAttr rig.s 2 2 2; "
+                    "createNode transform -n child -p rig; setAttr child.t 1 0 0"));
     expectNear(numbers("xform -q -t child"), {1, 0, 0});
     expectNear(numbers("xform -q -ws -t child"), {10, 0, -2});
     expectNear(numbers("xform -q -ws -ro child"), {0, 90, 0});
