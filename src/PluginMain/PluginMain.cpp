@@ -6,6 +6,7 @@
 #include "AnimationRecovery/Registration.h"
 #include "KeyBlending/Registration.h"
 #include "Mirror/Registration.h"
+#include "Relationship/Registration.h"
 #include "ResetPose/Registration.h"
 #include "SelectOpposite/Registration.h"
 #include "SelectionSet/Registration.h"
@@ -64,6 +65,8 @@ PLUGIN_EXPORT MStatus initializePlugin(MObject obj)
         return status;
     if (!(status = Tangent::registerCommand(plugin)))
         return status;
+    if (!(status = Relationship::registerCommand(plugin)))
+        return status;
     return MS::kSuccess;
 }
 
@@ -72,6 +75,8 @@ PLUGIN_EXPORT MStatus uninitializePlugin(MObject obj)
     MStatus status = MS::kSuccess;
     MFnPlugin plugin(obj, "Unknown", "Unknown", RequiredApiVersion);
     cancelAllTasks();
+    if (!(status = Relationship::deregisterCommand(plugin)))
+        return status;
     if (!(status = Tangent::deregisterCommand(plugin)))
         return status;
     if (!(status = XFormWorldSpace::deregisterCommand(plugin)))

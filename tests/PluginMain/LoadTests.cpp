@@ -41,7 +41,7 @@ TEST_F(PluginLoad, RegistersTheCommandsInOrder)
                 ::testing::ElementsAre("OVKeyBlending", "OVTangentBlending", "OVSnapshot", "OVResetPose",
                                        "OVAnimationOffset", "OVTimelineOverlay", "OVAnimationRecovery", "OVSelectionSet",
                                        "OVMirror",
-                                       "OVSelectOpposite", "OVXFormWorldSpace", "OVTangent"));
+                                       "OVSelectOpposite", "OVXFormWorldSpace", "OVTangent", "OVRelationship"));
 }
 
 TEST_F(PluginLoad, FailedRegistrationStopsTheLoadWithOneReport)
@@ -64,7 +64,7 @@ TEST_F(PluginLoad, FailedDeregistrationKeepsThePluginWithItsTasksCancelled)
     mayasim::host::failRegistrationAt(1);
     EXPECT_FALSE(MGlobal::executeCommand("unloadPlugin orvane"));
     ASSERT_EQ(reports().size(), 1u);
-    EXPECT_THAT(reports()[0], HasSubstr("Message: Failed to deregister OVTangent\n"));
+    EXPECT_THAT(reports()[0], HasSubstr("Message: Failed to deregister OVRelationship\n"));
     EXPECT_THAT(reports()[0], HasSubstr("Function: Deregister\n"));
     mayasim::host::pumpIdle();
     EXPECT_FALSE(ran);
@@ -137,6 +137,8 @@ const char* const everyTool[] = {
     "OVSelectOpposite -aas",
     "OVXFormWorldSpace",
     "OVXFormWorldSpace -p",
+    "OVRelationship body_ctrl arm_L_ctrl",
+    "OVRelationship -p",
     "OVAnimationRecovery -enable true",
     "OVSelectionSet arms",
     "OVSelectionSet -m 1 x1E0x1Earms arm_R_ctrl",

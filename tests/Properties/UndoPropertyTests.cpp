@@ -165,6 +165,8 @@ const std::vector<Tool> tools{
     {"recovery restore", 1, [](Random&) { return std::string("OVAnimationRecovery -restore"); }},
     {"world-space copy", 1, [](Random&) { return std::string("OVXFormWorldSpace"); }},
     {"world-space paste", 2, [](Random&) { return std::string("OVXFormWorldSpace -p"); }},
+    {"relationship copy", 1, [](Random& r) { return "OVRelationship " + r.pick(controls) + " " + r.pick(controls); }},
+    {"relationship paste", 2, [](Random&) { return std::string("OVRelationship -p"); }},
 };
 
 const Tool& drawTool(Random& random)
