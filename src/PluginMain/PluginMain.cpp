@@ -18,8 +18,8 @@
 #include "Utils/Nodes/SceneId/Registration.h"
 #include "Utils/Report.h"
 #include "Utils/Tasks.h"
-#include "XFormWorldSpace/Registration.h"
 #include "Utils/Version.h"
+#include "XFormWorldSpace/Registration.h"
 
 namespace {
 
