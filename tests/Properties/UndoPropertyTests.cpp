@@ -79,6 +79,9 @@ struct Tool
     const char* name;
     int weight; // how often it comes up, relative to the others
     std::function<std::string(Random&)> step;
+    // The undo entries the action makes at most: its own, then those that
+    // its callbacks add after it, as a mode's follow-up edits do.
+    size_t undoSteps = 1;
 };
 
 std::string keyBlend(Random& random)
@@ -104,6 +107,22 @@ std::string keySliderDrag(Random& random)
         data.blend(random.integer(-100, 100) / 100.0 * (random.chance(0.8) ? 1.0 : 4.0));
     data.finish();
     KeyBlending::activeData = nullptr;
+    return "";
+}
+
+// A key edit with the offset mode on, as the user makes it: the edit, then
+// the spread to the curve's other keys in the span, each an undo entry.
+std::string offsetEdit(Random& random)
+{
+    MGlobal::executeCommand("OVAnimationOffset", false, true);
+    // Its run closes the step's chunk, so that the spread, which comes after
+    // the run, lands in an entry of its own.
+    static const std::vector<std::string> keyedFrames{"1", "6", "12", "18", "24"};
+    MGlobal::executeCommand(("keyframe -e -r -vc " + random.number(-5, 5, 0.5) + " -t " + random.pick(keyedFrames)
+                             + " " + random.pick(channels) + ";\nundoInfo -cck")
+                                .c_str(),
+                            false, true);
+    MGlobal::executeCommand("OVAnimationOffset", false, true);
     return "";
 }
 
@@ -163,11 +182,19 @@ const std::vector<Tool> tools{
          }
      }},
     {"recovery restore", 1, [](Random&) { return std::string("OVAnimationRecovery -restore"); }},
+    {"animation offset edit", 3, offsetEdit, 2},
     {"world-space copy", 1, [](Random&) { return std::string("OVXFormWorldSpace"); }},
     {"world-space paste", 2, [](Random&) { return std::string("OVXFormWorldSpace -p"); }},
     {"relationship copy", 1, [](Random& r) { return "OVRelationship " + r.pick(controls) + " " + r.pick(controls); }},
     {"relationship paste", 2, [](Random&) { return std::string("OVRelationship -p"); }},
 };
+
+std::string undoName()
+{
+    MString name;
+    MGlobal::executeCommand("undoInfo -q -un", name);
+    return name.asChar();
+}
 
 const Tool& drawTool(Random& random)
 {
@@ -235,7 +262,7 @@ TEST_P(UndoProperty, UndoAndRedoRetraceEveryStep)
     for (int step = 0; step < stepCount; ++step) {
         const Tool& tool = drawTool(random);
         // One named chunk per step, so that a step is one undo entry, or
-        // none when it changed nothing undoable.
+        // none when it changed nothing undoable; a row's later entries follow it.
         const std::string chunk = "step " + std::to_string(step);
         ASSERT_TRUE(mel("undoInfo -ock -cn \"" + chunk + "\""));
         const std::string command = tool.step(random);
@@ -246,12 +273,22 @@ TEST_P(UndoProperty, UndoAndRedoRetraceEveryStep)
 
         const std::string text = sceneText();
         ASSERT_EQ(unsoundness(text), "") << log;
-        MString undoName;
-        MGlobal::executeCommand("undoInfo -q -un", undoName);
-        if (undoName == chunk.c_str())
-            scenes.push_back(text);
-        else
-            ASSERT_EQ(text, scenes.back()) << "a step that left no undo entry changed the scene\n" << log;
+        // The scenes of the entries the step made, newest first: undone one
+        // by one down to the step's own, then redone.
+        std::vector<std::string> made;
+        if (undoName() == chunk || text != scenes.back())
+            made.push_back(text);
+        while (!made.empty() && undoName() != chunk) {
+            ASSERT_LT(made.size(), tool.undoSteps) << "a step changed the scene in more undo entries than its "
+                                                      "row makes, or outside its own\n"
+                                                   << log;
+            ASSERT_TRUE(mel("undo"));
+            made.push_back(sceneText());
+        }
+        for (size_t later = 1; later < made.size(); ++later)
+            ASSERT_TRUE(mel("redo"));
+        ASSERT_EQ(sceneText(), text) << "redo of a step's later entries\n" << log;
+        scenes.insert(scenes.end(), made.rbegin(), made.rend());
     }
 
     for (size_t entry = scenes.size() - 1; entry > 0; --entry) {
