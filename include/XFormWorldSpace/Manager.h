@@ -31,6 +31,10 @@ using ChannelValues = KeyBlending::PoseChannels;
 ChannelValues parentSpaceChannels(const MMatrix& world, const MMatrix& parentInverse, const MObject& target,
                                   const MTime& time);
 
+// Whether all nine channels are numbers: a pose out of the double range
+// (a huge translation under a scaled parent) is written nowhere.
+bool isFinite(const ChannelValues& values);
+
 // Channel 0 to 8 of the nine transform channels in the scene's interface
 // unit, as setKeyframe's -value reads it.
 double uiChannelValue(int channel, double internalValue);

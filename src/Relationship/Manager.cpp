@@ -62,6 +62,8 @@ bool Manager::paste(MDGModifier& modifier, bool& written)
     MTime start, end;
     if (!timeSliderRange(start, end)) {
         written = pasteAtTime(MAnimControl::currentTime(), modifier, false);
+        if (!written)
+            OV_REPORT(QStringLiteral("paste: nothing updated"), "paste");
         return written;
     }
     const MTime now = MAnimControl::currentTime();
@@ -99,6 +101,8 @@ bool Manager::writeChannels(const MMatrix& world, const MTime& t, MDGModifier& m
                                            "rotateZ",    "scaleX",     "scaleY",     "scaleZ"};
     const XFormWorldSpace::ChannelValues values = XFormWorldSpace::parentSpaceChannels(
         world, TransformReader(fTarget).parentInverseMatrix(), fTarget, t);
+    if (!XFormWorldSpace::isFinite(values))
+        return false;
     const MFnDependencyNode node(fTarget);
     bool written = false;
     for (int channel = 0; channel < 9; ++channel) {

@@ -18,6 +18,8 @@
 #include <maya/MPlug.h>
 #include <maya/MSelectionList.h>
 
+#include <cmath>
+
 namespace XFormWorldSpace {
 
 namespace {
@@ -52,6 +54,14 @@ ChannelValues parentSpaceChannels(const MMatrix& world, const MMatrix& parentInv
     values.keyRotate = KeyBlending::anglesAt(KeyBlending::rotatePlug(target), time);
     KeyBlending::poseOf(world * parentInverse, KeyBlending::readObjectSpace(reader), values);
     return values;
+}
+
+bool isFinite(const ChannelValues& values)
+{
+    for (int channel = 0; channel < 9; ++channel)
+        if (!std::isfinite(KeyBlending::channelOf(values, channel)))
+            return false;
+    return true;
 }
 
 double uiChannelValue(int channel, double internalValue)
@@ -192,6 +202,8 @@ bool Manager::pasteAnimation(const MSelectionList& selection)
                 continue;
             for (const CurveFrames& curve : entry.curves)
                 for (const auto& [frame, key] : curve.frames) {
+                    if (!isFinite(channels[frame]))
+                        continue;
                     const double value = KeyBlending::channelOf(channels[frame], curve.channel);
                     updated |= setKey(pair.target, entry.attribute, MTime(frame, MTime::uiUnit()),
                                       uiChannelValue(curve.channel, value));
@@ -228,6 +240,8 @@ bool Manager::pasteCurrentFrame(const MSelectionList& selection)
 
 bool Manager::keyChannels(const MObject& target, const ChannelValues& values, const MTime& t) const
 {
+    if (!isFinite(values))
+        return false;
     const MFnDependencyNode node(target);
     bool keyed = false;
     for (int channel = 0; channel < 9; ++channel) {

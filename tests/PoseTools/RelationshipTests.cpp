@@ -81,12 +81,21 @@ TEST_F(RelationshipCmd, BadInputIsReportedAndKeepsTheFormerCopy)
     ASSERT_TRUE(mel("setAttr mover.s 2 2 2; OVRelationship -p"));
     expectSameMatrix(worldAt("prop", 1), heldAt(relation, 1), "former copy");
 
+    // Held far out under a scaled parent, the prop would leave the numbers.
+    ASSERT_TRUE(mel("setAttr prop.t 1.7e308 1.7e308 1.7e308; select -r hand_R_ctrl prop; OVRelationship"));
+    const std::string far = sceneText();
+    ASSERT_TRUE(mel("OVRelationship -p"));
+    EXPECT_EQ(sceneText(), far);
+    ASSERT_EQ(reports().size(), 3u);
+    EXPECT_THAT(reports()[2], HasSubstr("Message: paste: nothing updated\n"));
+    ASSERT_TRUE(mel("select -r prop hand_L_ctrl; OVRelationship"));
+
     ASSERT_TRUE(mel("delete hand_L_ctrl"));
     const std::string deleted = sceneText();
     EXPECT_FALSE(result("OVRelationship -p"));
-    ASSERT_EQ(reports().size(), 4u);
-    EXPECT_THAT(reports()[2], HasSubstr("Message: clipboard is empty (copy first)\n"));
-    EXPECT_THAT(reports()[3], HasSubstr("Message: source object no longer exists\n"));
+    ASSERT_EQ(reports().size(), 5u);
+    EXPECT_THAT(reports()[3], HasSubstr("Message: clipboard is empty (copy first)\n"));
+    EXPECT_THAT(reports()[4], HasSubstr("Message: source object no longer exists\n"));
     EXPECT_EQ(sceneText(), deleted);
 }
 

@@ -180,4 +180,23 @@ TEST_F(XFormWorldSpaceCmd, BadInputIsReportedAndChangesNothing)
     EXPECT_EQ(sceneText(), before);
 }
 
+TEST_F(XFormWorldSpaceCmd, APoseBeyondTheNumbersUnderAScaledParentIsKeyedNowhere)
+{
+    // The other hand's parent halves its scale: there the translation
+    // doubles past the largest double.
+    ASSERT_TRUE(mel("setAttr prop.t 1.7e308 1.7e308 1.7e308; select -r prop; OVXFormWorldSpace; select -r hand_R_ctrl"));
+    const std::string before = sceneText();
+    EXPECT_FALSE(result("OVXFormWorldSpace -p"));
+    ASSERT_TRUE(mel("setKeyframe -t 1 -t 2 prop; select -r prop"));
+    mayasim::host::setTimeSliderHighlight(1, 2);
+    ASSERT_TRUE(mel("OVXFormWorldSpace; select -r hand_R_ctrl"));
+    mayasim::host::clearTimeSliderHighlight();
+    const std::string keyed = sceneText();
+    EXPECT_FALSE(result("OVXFormWorldSpace -p"));
+    EXPECT_EQ(sceneText(), keyed);
+    ASSERT_EQ(reports().size(), 2u);
+    EXPECT_THAT(reports()[1], HasSubstr("Message: paste: nothing updated (no matching transforms in selection)\n"));
+    EXPECT_EQ(before.find("hand_R_ctrl_translateX"), std::string::npos);
+}
+
 } // namespace
