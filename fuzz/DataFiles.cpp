@@ -7,8 +7,10 @@
 
 #include <maya/MFileIO.h>
 #include <maya/MGlobal.h>
+#include <mayasim/Gui.h>
 #include <mayasim/Host.h>
 
+#include <QApplication>
 #include <QDir>
 #include <QDirIterator>
 
@@ -32,6 +34,9 @@ const DataFile dataFiles[] = {
     {"AnimationRecovery/1/lastModified", "OVAnimationRecovery -restore"},
     {"AnimationRecovery/1/9999999999999_a", "OVAnimationRecovery -restore"},
     {"AnimationRecovery/1/l", "OVAnimationRecovery -restore"},
+    // The panel reads its file when it is built: at its first opening, and
+    // when Maya rebuilds its control.
+    {"prefs.json", "orvane; mayasimUi -rebuild ORVANE_WORKSPACE_CONTROL"},
 };
 
 // MEL that makes the plug-in write its data files on the rig, each valid:
@@ -49,6 +54,19 @@ void openRig()
 
 QString dataFolder() { return QString::fromStdString(fuzz::dataFolder()); }
 
+// The panel's reader needs Maya's interface: one application with its main
+// window for the whole run, as Maya has.
+void openInterface()
+{
+    static int argc = 1;
+    static char name[] = "orvane_fuzz";
+    static char* argv[] = {name, nullptr};
+    mayasim::gui::prepareEnvironment();
+    new QApplication(argc, argv);
+    mayasim::gui::applyLook();
+    mayasim::gui::openMainWindow(800, 500);
+}
+
 using Files = std::vector<std::pair<QString, QByteArray>>;
 
 // The files the writers leave, by path in the data folder. With
@@ -56,6 +74,7 @@ using Files = std::vector<std::pair<QString, QByteArray>>;
 const Files& validFiles()
 {
     static const Files files = [] {
+        openInterface();
         openRig();
         MGlobal::executeCommand(writers, false, true);
         // Some writers wait for idle time, or for a timer first.

@@ -8,15 +8,15 @@
 
 #include <maya/MQtUtil.h>
 
-#include <memory>
-
 namespace Ui {
 
 namespace {
 
-std::unique_ptr<Manager>& held()
+// Torn down by unload alone: at process exit, with the plug-in still
+// loaded, Maya's own state may be gone before this module's statics.
+Manager*& held()
 {
-    static std::unique_ptr<Manager> manager;
+    static Manager* manager = nullptr;
     return manager;
 }
 
@@ -25,11 +25,15 @@ std::unique_ptr<Manager>& held()
 Manager& Manager::instance()
 {
     if (!held())
-        held() = std::make_unique<Manager>();
+        held() = new Manager;
     return *held();
 }
 
-void Manager::destroy() { held().reset(); }
+void Manager::destroy()
+{
+    delete held();
+    held() = nullptr;
+}
 
 Main* Manager::panel() const { return main; }
 

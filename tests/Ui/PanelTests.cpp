@@ -6,6 +6,7 @@
 
 #include "Ui/Main.h"
 #include "Ui/Manager.h"
+#include "Ui/Tools.h"
 #include "Utils/File/PluginManager.h"
 
 #include <maya/MGlobal.h>
@@ -221,8 +222,15 @@ TEST_F(PanelTest, RightPressesAddAndDeleteToolsAndPrefsFollow)
     toggle();
     const std::string path = panelPath();
     const std::vector<std::string> menu = rightPressChoosing(path, "Mirror");
-    // Only the tools that exist, in the table's order.
-    EXPECT_THAT(menu, ElementsAre("Mirror", "Select Opposite"));
+    // Only the tools that exist, in the table's order, a bar between sections.
+    std::vector<std::string> table;
+    for (size_t row = 0; row < Ui::tools().size(); ++row) {
+        if (row > 0 && Ui::tools()[row].section != Ui::tools()[row - 1].section)
+            table.push_back("---");
+        table.push_back(Ui::tools()[row].menuText);
+    }
+    EXPECT_EQ(menu, table);
+    EXPECT_THAT(menu, testing::IsSupersetOf({"Mirror", "Select Opposite"}));
     EXPECT_THAT(storedKinds(), ElementsAre("mirrorBtn"));
     rightPressChoosing(path, "Select Opposite", "-at 2 2");
     rightPressChoosing(path, "Mirror", "-at 2 2");
