@@ -176,10 +176,13 @@ bool Manager::idleStep()
         }
         // Encoded when its turn comes, so a curve edited again meanwhile is read once.
         const auto first = fEditedCurves.begin();
-        // A curve deleted since keeps its name, and its empty record deletes it at restore.
+        // A curve deleted since keeps its name, and its empty record deletes it at restore,
+        // unless another node bears the name now (a curve keyed anew, or one of a scene opened
+        // since): that node's record is its own to write.
         MStatus status;
         const MString name = MFnDependencyNode(first->second).name(&status);
-        if (status && name.length() > 0)
+        if (status && name.length() > 0
+            && (isValidObject(first->second) || !isValidObject(objectByName(name))))
             fPendingCurves.insert(QString::fromUtf8(name.asChar()), fFiles.encodeCurve(first->second));
         fPendingWork |= WriteCurves;
         fEditedCurves.erase(first);

@@ -154,6 +154,26 @@ TEST_F(Recovery, SavedCurvesComeBackExactlyOnTheReopenedSceneInOneUndoStep)
     EXPECT_FALSE(nodeNamed("obj_translateY").isNull());
 }
 
+// Found by the kill test: a curve gone by the time its turn came wrote an
+// empty record under a name that a live curve bore by then, and the restore
+// deleted that curve.
+TEST_F(Recovery, ACurveGoneBeforeItsTurnLeavesTheCurveNowOfItsNameAlone)
+{
+    ASSERT_TRUE(mel("OVAnimationRecovery -enable true"));
+    keyPlug("obj.tx", {{1, 1}, {5, 3}});
+    save(scenePath());
+    // Keys whose messages arrive only after the scene is opened again.
+    ASSERT_TRUE(mel("setKeyframe -t 9 -v 7 obj.tx; file -f -o \"" + scenePath().toStdString() + "\""));
+    // A curve deleted and keyed anew in one run: the new one is what counts.
+    ASSERT_TRUE(mel("delete obj_translateX; setKeyframe -t 2 -v 4 obj.ty; setKeyframe -t 2 -v 6 obj.tx"));
+    idle();
+    const std::string edited = describeCurves();
+    ASSERT_THAT(edited, HasSubstr("obj_translateX -> obj.translateX"));
+    reopen(scenePath());
+    ASSERT_TRUE(mel("OVAnimationRecovery -restore"));
+    EXPECT_EQ(describeCurves(), edited);
+}
+
 TEST_F(Recovery, OnlyFilesNewerThanTheSceneFileCount)
 {
     ASSERT_TRUE(mel("OVAnimationRecovery -enable true"));
