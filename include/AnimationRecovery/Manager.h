@@ -56,7 +56,7 @@ private:
     bool restoreAnimation(const QString& folder, MAnimCurveChange& change, MDGModifier& modifier);
     void removeLayerTimer();
 
-    static void onKeysEdited(MObjectArray& editedKeys, void* clientData);
+    static void onCurvesEdited(MObjectArray& editedCurves, void* clientData);
     static void onIdle(void* clientData);
     static void onStart(void* clientData);
     static void onPause(void* clientData);

@@ -8,7 +8,6 @@
 #include <maya/MAnimMessage.h>
 #include <maya/MEventMessage.h>
 #include <maya/MFnDependencyNode.h>
-#include <maya/MFnKeyframeDelta.h>
 #include <maya/MGlobal.h>
 #include <maya/MObjectHandle.h>
 #include <maya/MSceneMessage.h>
@@ -92,7 +91,9 @@ bool Manager::disable()
 
 void Manager::startAnimCallbacks()
 {
-    fAnimCallbacks.append(MAnimMessage::addAnimKeyframeEditedCallback(onKeysEdited, this));
+    // Curve edits rather than key edits: a change of tangent or weight locks
+    // alone is no key edit, and a curve's one entry costs less than each key's.
+    fAnimCallbacks.append(MAnimMessage::addAnimCurveEditedCallback(onCurvesEdited, this));
     for (const char* event : LayerEvents)
         fAnimCallbacks.append(MEventMessage::addEventCallback(event, onLayersChanged, this));
 }
@@ -108,14 +109,12 @@ void Manager::onStart(void* clientData) { static_cast<Manager*>(clientData)->sta
 
 void Manager::onPause(void* clientData) { static_cast<Manager*>(clientData)->pauseAnimCallbacks(); }
 
-void Manager::onKeysEdited(MObjectArray& editedKeys, void* clientData)
+void Manager::onCurvesEdited(MObjectArray& editedCurves, void* clientData)
 {
     // Marking only: the saving waits for idle time.
     Manager& manager = *static_cast<Manager*>(clientData);
-    for (unsigned int i = 0; i < editedKeys.length(); ++i) {
-        const MObject curve = MFnKeyframeDelta(editedKeys[i]).paramCurve();
-        manager.fEditedCurves.emplace(MObjectHandle(curve).hashCode(), curve);
-    }
+    for (unsigned int i = 0; i < editedCurves.length(); ++i)
+        manager.fEditedCurves.emplace(MObjectHandle(editedCurves[i]).hashCode(), editedCurves[i]);
     manager.fPendingWork |= EncodeCurves;
     manager.ensureIdle();
 }

@@ -174,6 +174,24 @@ TEST_F(Recovery, ACurveGoneBeforeItsTurnLeavesTheCurveNowOfItsNameAlone)
     EXPECT_EQ(describeCurves(), edited);
 }
 
+// Found by the kill test: a change of locks alone is no key edit, and was
+// saved only with the curve's next one.
+TEST_F(Recovery, AChangeOfLocksAloneIsSaved)
+{
+    ASSERT_TRUE(mel("OVAnimationRecovery -enable true"));
+    save(scenePath());
+    keyPlug("obj.tx", {{1, 1}, {5, 3}});
+    idle();
+    ASSERT_TRUE(mel("keyTangent -e -t 5 -lock 0 obj.tx; setAttr obj_translateX.kwl[0] 0"));
+    idle();
+    const std::string edited = describeCurves();
+    ASSERT_THAT(edited, HasSubstr("locks 0/1"));
+    ASSERT_THAT(edited, HasSubstr("locks 1/0"));
+    reopen(scenePath());
+    ASSERT_TRUE(mel("OVAnimationRecovery -restore"));
+    EXPECT_EQ(describeCurves(), edited);
+}
+
 TEST_F(Recovery, OnlyFilesNewerThanTheSceneFileCount)
 {
     ASSERT_TRUE(mel("OVAnimationRecovery -enable true"));
