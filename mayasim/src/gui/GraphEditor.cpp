@@ -1,5 +1,6 @@
 #include "gui/GraphEditor.h"
 
+#include "engine/Command.h"
 #include "gui/Viewports.h"
 
 #include <maya/MAnimUtil.h>
@@ -29,6 +30,22 @@ QPointer<GraphEditor>& instance()
     static QPointer<GraphEditor> editor;
     return editor;
 }
+
+// Whether the editor's outliner follows the selection; when it doesn't, it
+// keeps the objects it held when that was turned off.
+struct Outliner
+{
+    bool autoLoad = true;
+    MSelectionList loaded;
+};
+
+Outliner& outliner()
+{
+    static Outliner state;
+    return state;
+}
+
+const char* const kOutliner = "graphEditor1OutlineEd";
 
 // Maya's graph editor: a dark field, x channels red, y green, z blue.
 const QColor kField(58, 58, 58), kGrid(72, 72, 72), kZero(30, 30, 30), kKey(20, 20, 20),
@@ -75,12 +92,13 @@ GraphEditor* graphEditor()
     return instance();
 }
 
-// The curves of the plugs the selected objects animate, in selection order.
+// The curves of the plugs the objects shown animate, in selection order.
 std::vector<GraphEditor::Curve> GraphEditor::read() const
 {
     std::vector<Curve> curves;
-    MSelectionList selection;
-    MGlobal::getActiveSelectionList(selection);
+    MSelectionList selection = outliner().loaded;
+    if (outliner().autoLoad)
+        MGlobal::getActiveSelectionList(selection);
     const MTime::Unit unit = MTime::uiUnit();
     for (unsigned int i = 0; i < selection.length(); ++i)
     {
@@ -272,5 +290,30 @@ void GraphEditor::keyPressEvent(QKeyEvent* event)
     else
         QWidget::keyPressEvent(event);
 }
+
+namespace {
+
+// toggleAutoLoad (a MEL procedure in Maya): whether the graph editor's
+// outliner follows the selection. Tool state, so batch mode has it too.
+MelValue toggleAutoLoad(const Invocation& call)
+{
+    const ParsedArgs args(call.name, call.words, {});
+    if (args.positional().size() != 2)
+        throw MelError(call.name + ": Wrong number of arguments.");
+    if (args.positional()[0].text != kOutliner)
+        throw MelError(call.name + ": Object '" + args.positional()[0].text + "' not found.");
+    const bool on = args.positional()[1].boolean();
+    Outliner& state = outliner();
+    if (!on && state.autoLoad)
+        MGlobal::getActiveSelectionList(state.loaded);
+    if (on)
+        state.loaded.clear();
+    state.autoLoad = on;
+    return MelValue::none();
+}
+
+BuiltinRegistrar toggleAutoLoadCommand("toggleAutoLoad", toggleAutoLoad);
+
+} // namespace
 
 } // namespace mayasim::gui

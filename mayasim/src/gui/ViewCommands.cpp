@@ -219,7 +219,27 @@ MelValue playblast(const Invocation& call)
     return MelValue::ofString(filename.empty() ? "" : filename + ".####.png");
 }
 
+// Maya's panel layouts by name (a MEL procedure in Maya): the perspective
+// view alone, or the four views.
+MelValue setNamedPanelLayout(const Invocation& call)
+{
+    const ParsedArgs args(call.name, call.words, {});
+    requireInterface(call.name);
+    if (args.positional().size() != 1)
+        throw MelError(call.name + ": Wrong number of arguments.");
+    const std::string layout = args.positional()[0].text;
+    if (layout == "Single Perspective View")
+        showPanels(modelPanel("modelPanel4"));
+    else if (layout == "Four View")
+        showPanels(nullptr);
+    else
+        throw MelError(call.name + ": No panel layout '" + layout + "'.");
+    QCoreApplication::processEvents();
+    return MelValue::none();
+}
+
 BuiltinRegistrar getPanelCommand("getPanel", getPanel);
+BuiltinRegistrar setNamedPanelLayoutCommand("setNamedPanelLayout", setNamedPanelLayout);
 BuiltinRegistrar modelEditorCommand("modelEditor", modelEditor);
 BuiltinRegistrar refreshCommand("refresh", refresh);
 BuiltinRegistrar playblastCommand("playblast", playblast);

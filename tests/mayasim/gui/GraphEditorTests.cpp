@@ -69,3 +69,16 @@ TEST_F(GraphEditorTest, KeysPickedByBoxAndClickAreTheSelectedKeys)
                     std::to_string(static_cast<int>(height - 1.5 / 18.0 * height)) + " graphEditor1"));
     EXPECT_THAT(pickedTimes(), ElementsAre(1));
 }
+
+TEST_F(GraphEditorTest, WithAutoLoadOffTheEditorKeepsItsObjects)
+{
+    ASSERT_TRUE(mel("toggleAutoLoad graphEditor1OutlineEd false; createNode transform -n other"));
+    EXPECT_THAT(strings("ls -sl"), ElementsAre("other"));
+    ASSERT_TRUE(mel("mayasimUi -click -at " + at(10, 5) + " graphEditor1"));
+    EXPECT_THAT(pickedTimes(), ElementsAre(10)) << "ctrl's curve is still shown";
+    EXPECT_FALSE(mel("toggleAutoLoad graphEditor1Outliner false"));
+    EXPECT_FALSE(mel("toggleAutoLoad graphEditor1OutlineEd maybe"));
+    ASSERT_TRUE(mel("toggleAutoLoad graphEditor1OutlineEd true; select -r other"));
+    ASSERT_TRUE(mel("mayasimUi -click -at " + at(10, 5) + " graphEditor1"));
+    EXPECT_THAT(pickedTimes(), ElementsAre()) << "other has no curves";
+}

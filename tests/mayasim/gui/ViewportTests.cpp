@@ -126,6 +126,16 @@ TEST_F(GuiTest, FourModelPanelsLookThroughTheDefaultCameras)
     ASSERT_TRUE(mel("mayasimUi -cursor 10 10 modelPanel2"));
     EXPECT_EQ(text("getPanel -underPointer"), "modelPanel2");
 
+    // The perspective view alone, then the four again.
+    const int fourViewWidth = active.portWidth();
+    ASSERT_TRUE(mel("setNamedPanelLayout \"Single Perspective View\""));
+    EXPECT_THAT(strings("getPanel -visiblePanels"), ElementsAre("modelPanel4", "graphEditor1"));
+    EXPECT_GT(active.portWidth(), fourViewWidth);
+    ASSERT_TRUE(mel("setNamedPanelLayout \"Four View\""));
+    EXPECT_THAT(strings("getPanel -visiblePanels"),
+                ElementsAre("modelPanel1", "modelPanel2", "modelPanel3", "modelPanel4", "graphEditor1"));
+    EXPECT_FALSE(mel("setNamedPanelLayout \"Five View\""));
+
     // A new scene's cameras are new nodes; the panels look through them.
     ASSERT_TRUE(mel("file -f -new"));
     EXPECT_EQ(cameraOf(viewOf("modelPanel4")), "perspShape");
