@@ -6,6 +6,7 @@
 #include "AnimationRecovery/Registration.h"
 #include "KeyBlending/Registration.h"
 #include "Mirror/Registration.h"
+#include "PieMenu/Registration.h"
 #include "Relationship/Registration.h"
 #include "ResetPose/Registration.h"
 #include "SelectOpposite/Registration.h"
@@ -65,6 +66,10 @@ PLUGIN_EXPORT MStatus initializePlugin(MObject obj)
         return status;
     if (!(status = Tangent::registerCommand(plugin)))
         return status;
+    if (!(status = PieMenu::registerCommand(plugin)))
+        return status;
+    // The keys go to a command that is there.
+    PieMenu::bindHotkeys();
     if (!(status = Relationship::registerCommand(plugin)))
         return status;
     return MS::kSuccess;
@@ -76,6 +81,10 @@ PLUGIN_EXPORT MStatus uninitializePlugin(MObject obj)
     MFnPlugin plugin(obj, "Unknown", "Unknown", RequiredApiVersion);
     cancelAllTasks();
     if (!(status = Relationship::deregisterCommand(plugin)))
+        return status;
+    // No key stays bound to a command that is gone.
+    PieMenu::unbindHotkeys();
+    if (!(status = PieMenu::deregisterCommand(plugin)))
         return status;
     if (!(status = Tangent::deregisterCommand(plugin)))
         return status;

@@ -41,7 +41,7 @@ TEST_F(PluginLoad, RegistersTheCommandsInOrder)
                 ::testing::ElementsAre("OVKeyBlending", "OVTangentBlending", "OVSnapshot", "OVResetPose",
                                        "OVAnimationOffset", "OVTimelineOverlay", "OVAnimationRecovery", "OVSelectionSet",
                                        "orvane", "OVMirror",
-                                       "OVSelectOpposite", "OVXFormWorldSpace", "OVTangent", "OVRelationship"));
+                                       "OVSelectOpposite", "OVXFormWorldSpace", "OVTangent", "OVPieMenu", "OVRelationship"));
 }
 
 TEST_F(PluginLoad, FailedRegistrationStopsTheLoadWithOneReport)
@@ -139,6 +139,7 @@ const char* const everyTool[] = {
     "OVXFormWorldSpace -p",
     "OVRelationship body_ctrl arm_L_ctrl",
     "OVRelationship -p",
+    "OVPieMenu -c 1",
     "OVAnimationRecovery -enable true",
     "OVSelectionSet arms",
     "OVSelectionSet -m 1 x1E0x1Earms arm_R_ctrl",

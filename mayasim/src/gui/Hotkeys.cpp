@@ -120,6 +120,14 @@ MelValue hotkeySet(const Invocation& call)
                           {{"q", "query", 0}, {"e", "edit", 0}, {"cu", "current", 0}, {"ex", "exists", 0},
                            {"src", "source", 1}, {"hsa", "hotkeySetArray", 0}});
     Hotkeys& state = hotkeys();
+    // -exists answers whatever else is given, -query included (Maya ignores
+    // the other flags).
+    if (args.has("exists"))
+    {
+        if (args.positional().size() != 1)
+            throw MelError("hotkeySet: Wrong number of arguments.");
+        return MelValue::ofInt(state.sets.count(args.positional()[0].text) ? 1 : 0);
+    }
     if (args.has("query"))
     {
         if (args.has("current"))
@@ -136,8 +144,6 @@ MelValue hotkeySet(const Invocation& call)
     if (args.positional().size() != 1)
         throw MelError("hotkeySet: Wrong number of arguments.");
     const std::string name = args.positional()[0].text;
-    if (args.has("exists"))
-        return MelValue::ofInt(state.sets.count(name) ? 1 : 0);
     if (args.has("edit"))
     {
         if (!state.sets.count(name))

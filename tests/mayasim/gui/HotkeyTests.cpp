@@ -26,6 +26,9 @@ TEST_F(GuiTest, HotkeysRunTheirNamedCommandsOncePerPress)
     // Maya's own set is current at start and can't be changed.
     EXPECT_EQ(text("hotkeySet -q -current"), "Maya_Default");
     EXPECT_EQ(text("hotkeySet -exists Maya_Default"), "1");
+    // Other flags are ignored, query mode included.
+    EXPECT_EQ(text("hotkeySet -q -exists Maya_Default"), "1");
+    EXPECT_EQ(text("hotkeySet -q -exists NoSuchSet"), "0");
     ASSERT_TRUE(mel(std::string(kCounts) + "$gPresses = 0; $gReleases = 0;"));
     ASSERT_TRUE(mel("nameCommand -annotation \"Count a press\" -command \"global int $gPresses; $gPresses = $gPresses + 1\" "
                     "countPress"));
