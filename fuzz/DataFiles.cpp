@@ -29,6 +29,10 @@ struct DataFile
 };
 
 const DataFile dataFiles[] = {
+    // The pie menu store reads its file when the plug-in loads: unloaded
+    // (from an empty scene, as Maya keeps a plug-in whose nodes are in one),
+    // the next row's reset loads it again and binds every hotkey it holds.
+    {"pieMenus.json", "file -f -new; unloadPlugin orvane"},
     {"default_attributes_data",
      "OVResetPose; OVResetPose -t -r; OVKeyBlending -bt 9 -bv 0.5; OVKeyBlending -bt 11 -bv -0.5; OVSnapshot"},
     {"AnimationRecovery/1/lastModified", "OVAnimationRecovery -restore"},

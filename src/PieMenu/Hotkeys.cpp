@@ -51,9 +51,10 @@ QString modifierFlags(const KeyChord& chord)
     return flags;
 }
 
+// The key is escaped: a hand-edited file may hold any text.
 QString keyFlag(const KeyChord& chord)
 {
-    return QStringLiteral("hotkey") + modifierFlags(chord) + QStringLiteral(" -k \"") + chord.key;
+    return QStringLiteral("hotkey") + modifierFlags(chord) + QStringLiteral(" -k \"") + escapeMel(chord.key);
 }
 
 // Both variants, with and without the command key.

@@ -86,10 +86,15 @@ TEST_F(PieMenuTest, AHandEditedFileLoadsWhatIsValid)
              "pieSlots": [{"label": "a", "commandLanguage": "MEL", "pluginCommandIndex": 4.0}, 12, {"commandLanguage": "python"},
                           {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}]},
             {"id": 3, "name": "same id again"},
+            {"id": 9, "name": "quoted key", "hotkey": "Ctrl+\"; sphere; \""},
             {"name": "no id", "pieSlots": [{"label": "lost"}]}
         ]})");
+    mayasim::host::clearSentCommands();
     reload();
-    EXPECT_THAT(store().menuIds(), ElementsAre(3, 7));
+    EXPECT_THAT(store().menuIds(), ElementsAre(3, 7, 9));
+    // A key of the file's own reaches Maya as a string, never as MEL.
+    EXPECT_THAT(sent(), ::testing::Contains("hotkey -ctl -k \"\\\"; sphere; \\\"\" -name \"OVPieMenuShow_9\" "
+                                            "-releaseName \"OVPieMenuClose_9\""));
     EXPECT_EQ(store().displayName(7), QStringLiteral("Pie Menu 7"));
     EXPECT_EQ(store().slicesOf(7).size(), 4);
     const QVector<Slice>& slices = store().slicesOf(3);
@@ -99,9 +104,9 @@ TEST_F(PieMenuTest, AHandEditedFileLoadsWhatIsValid)
     EXPECT_EQ(slices[0].pluginCommandIndex, 4);
     EXPECT_EQ(slices[1].commandLanguage, PieMenu::Python); // the number was skipped
     EXPECT_EQ(slices[2].pluginCommandIndex, -1);
-    EXPECT_EQ(store().addMenu(), 8); // above the highest id, whatever nextMenuId said
+    EXPECT_EQ(store().addMenu(), 10); // above the highest id, whatever nextMenuId said
     const QJsonObject root = readJson(filePath());
-    EXPECT_EQ(root.value("menus").toArray().size(), 3);
+    EXPECT_EQ(root.value("menus").toArray().size(), 4);
     EXPECT_EQ(root.value("menus").toArray()[0].toObject().value("pieSlots").toArray()[0].toObject().value("commandLanguage"),
               QStringLiteral("mel"));
 
