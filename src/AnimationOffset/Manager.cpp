@@ -1,6 +1,7 @@
 #include "AnimationOffset/Manager.h"
 
 #include "AnimationOffset/Cmd.h"
+#include "Ui/TimelineOverlay/Requests.h"
 #include "Utils/Arithmetic.h"
 #include "Utils/Report.h"
 #include "Utils/Tasks.h"
@@ -25,20 +26,6 @@ namespace AnimationOffset {
 namespace {
 
 const MString OverlayName("OVAnimationOffset_Timeline_Overlay");
-
-// The band goes through the overlay command, as any tool's does. The
-// settings of the call that makes an overlay are lost, so the range comes
-// in a second call.
-bool showOverlay(const MTime& start, const MTime& end)
-{
-    if (!MGlobal::executeCommand("OVTimelineOverlay -show true " + OverlayName))
-        return false;
-    MString range;
-    range += start.as(MTime::uiUnit());
-    range += " -endRange ";
-    range += end.as(MTime::uiUnit());
-    return MGlobal::executeCommand("OVTimelineOverlay -startRange " + range + " " + OverlayName);
-}
 
 void hideOverlay()
 {
@@ -93,7 +80,7 @@ void Manager::toggle()
             fSpanEnd = end;
         }
     }
-    if (!showOverlay(fSpanStart, fSpanEnd))
+    if (!showOverlayRange(OverlayName, fSpanStart, fSpanEnd))
         OV_REPORT(QStringLiteral("failed to create timeline overlay"), "toggle");
     installCallbacks();
 }

@@ -9,6 +9,7 @@
 #include "PieMenu/Registration.h"
 #include "Relationship/Registration.h"
 #include "ResetPose/Registration.h"
+#include "Retiming/Registration.h"
 #include "SelectOpposite/Registration.h"
 #include "SelectionSet/Registration.h"
 #include "Snapshot/Registration.h"
@@ -64,6 +65,8 @@ PLUGIN_EXPORT MStatus initializePlugin(MObject obj)
         return status;
     if (!(status = XFormWorldSpace::registerCommand(plugin)))
         return status;
+    if (!(status = Retiming::registerCommand(plugin)))
+        return status;
     if (!(status = Tangent::registerCommand(plugin)))
         return status;
     if (!(status = PieMenu::registerCommand(plugin)))
@@ -87,6 +90,8 @@ PLUGIN_EXPORT MStatus uninitializePlugin(MObject obj)
     if (!(status = PieMenu::deregisterCommand(plugin)))
         return status;
     if (!(status = Tangent::deregisterCommand(plugin)))
+        return status;
+    if (!(status = Retiming::deregisterCommand(plugin)))
         return status;
     if (!(status = XFormWorldSpace::deregisterCommand(plugin)))
         return status;

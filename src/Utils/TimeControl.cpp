@@ -20,3 +20,13 @@ bool timeSliderRange(MTime& start, MTime& end)
     end = MTime(range[range.length() - 1] - 1.0, MTime::uiUnit());
     return (end - start).value() >= 1.0;
 }
+
+bool setTimeSliderRange(const MTime& start, const MTime& end)
+{
+    // The range is given as the query answers it: one frame past the highlight.
+    MString range;
+    range += start.as(MTime::uiUnit());
+    range += ":";
+    range += end.as(MTime::uiUnit()) + 1.0;
+    return MGlobal::executeCommand("timeControl -e -range \"" + range + "\" " + playbackSliderName(), false, false);
+}

@@ -41,7 +41,7 @@ TEST_F(PluginLoad, RegistersTheCommandsInOrder)
                 ::testing::ElementsAre("OVKeyBlending", "OVTangentBlending", "OVSnapshot", "OVResetPose",
                                        "OVAnimationOffset", "OVTimelineOverlay", "OVAnimationRecovery", "OVSelectionSet",
                                        "orvane", "OVMirror",
-                                       "OVSelectOpposite", "OVXFormWorldSpace", "OVTangent", "OVPieMenu", "OVRelationship"));
+                                       "OVSelectOpposite", "OVXFormWorldSpace", "OVRetiming", "OVTangent", "OVPieMenu", "OVRelationship"));
 }
 
 TEST_F(PluginLoad, FailedRegistrationStopsTheLoadWithOneReport)
@@ -137,6 +137,7 @@ const char* const everyTool[] = {
     "OVSelectOpposite -aas",
     "OVXFormWorldSpace",
     "OVXFormWorldSpace -p",
+    "OVRetiming -v 2 -rt 3",
     "OVRelationship body_ctrl arm_L_ctrl",
     "OVRelationship -p",
     "OVPieMenu -c 1",

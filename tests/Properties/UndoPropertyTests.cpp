@@ -182,6 +182,11 @@ const std::vector<Tool> tools{
          }
      }},
     {"recovery restore", 1, [](Random&) { return std::string("OVAnimationRecovery -restore"); }},
+    {"retime", 3,
+     [](Random& r) {
+         return "OVRetiming -v " + r.number(-6, 6, 0.5) + " -rt " + std::to_string(r.integer(0, 6))
+                + (r.chance(0.5) ? " -j" : "");
+     }},
     {"animation offset edit", 3, offsetEdit, 2},
     {"world-space copy", 1, [](Random&) { return std::string("OVXFormWorldSpace"); }},
     {"world-space paste", 2, [](Random&) { return std::string("OVXFormWorldSpace -p"); }},

@@ -1,6 +1,6 @@
 // Overlays on the host's time slider, checked by the pixels a person sees.
 #include "GuiApplication.h"
-#include "PluginTest.h"
+#include "TimeSliderTest.h"
 
 #include "Ui/TimelineOverlay/Operations.h"
 
@@ -45,40 +45,19 @@ int countOf(const QImage& image, QRgb colour)
 
 } // namespace
 
-class TimelineOverlayTest : public PluginTest
+class TimelineOverlayTest : public TimeSliderTest
 {
 protected:
     void SetUp() override
     {
-        PluginTest::SetUp();
-        mayasim::gui::openMainWindow(1000, 600);
-        fSlider = MQtUtil::findControl("timeControl1");
-        ASSERT_NE(fSlider, nullptr);
-        // A known width: 100 frames over 500 pixels.
-        fSlider->setFixedWidth(500);
-        ASSERT_TRUE(mel("playbackOptions -min 1 -max 100"));
-        QApplication::processEvents();
-        fBare = image();
-    }
-    void TearDown() override
-    {
-        mayasim::gui::closeMainWindow();
-        PluginTest::TearDown();
+        TimeSliderTest::SetUp();
+        if (!HasFatalFailure())
+            fBare = image();
     }
 
-    // The slider as shown, once the host's refresh (every 50 ms) has caught up.
-    QImage image()
-    {
-        QElapsedTimer clock;
-        clock.start();
-        while (clock.elapsed() < 60)
-            QApplication::processEvents(QEventLoop::AllEvents, 10);
-        return fSlider->grab().toImage().convertToFormat(QImage::Format_ARGB32);
-    }
     // The overlay's band: where the slider looks different from without it.
     QRect band() { return changed(fBare, image()); }
 
-    QWidget* fSlider = nullptr;
     QImage fBare;
 };
 
