@@ -33,6 +33,8 @@ private:
     void addSlot(QWidget* widget, bool atFront);
 
     QMenu* addMenu = nullptr;
+    // The last entry of the add menu: opens the pie menus instead of adding a widget.
+    QAction* pieMenuAction = nullptr;
     QHBoxLayout* mainLayout = nullptr;
     QWidget* toolRow = nullptr;
     QBoxLayout* toolLayout = nullptr;

@@ -1,7 +1,10 @@
 #include "Ui/Main.h"
 
+#include "PieMenu/Cmd.h"
 #include "Ui/Tools.h"
 #include "Utils/File/PluginManager.h"
+
+#include <maya/MGlobal.h>
 
 #include <QFontInfo>
 #include <QHBoxLayout>
@@ -57,6 +60,9 @@ Main::Main()
         action->setData(static_cast<int>(row));
         addMenu->addAction(action);
     }
+    addMenu->addSeparator();
+    pieMenuAction = new QAction(QStringLiteral("Pie Menu"), this);
+    addMenu->addAction(pieMenuAction);
     connect(addMenu, &QMenu::triggered, this, &Main::onContextMenu);
 
     loadUiState();
@@ -90,6 +96,8 @@ void Main::onContextMenu(QAction* action)
         const Tool& tool = tools()[row];
         addSlot(tool.create(toolRow), tool.atFront);
         saveUiState();
+    } else if (action == pieMenuAction) {
+        MGlobal::executeCommand(PieMenu::CommandName + " -e", true, false);
     }
     updateHint();
 }

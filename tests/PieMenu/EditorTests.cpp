@@ -10,6 +10,8 @@
 #include "PieMenu/PiePreviewWidget.h"
 #include "PieMenu/PluginCommands.h"
 #include "PieMenu/SliceDialog.h"
+#include "Ui/Main.h"
+#include "Ui/Manager.h"
 
 #include <QCursor>
 #include <QInputDialog>
@@ -407,4 +409,24 @@ TEST_F(PieMenuTest, MenuListRenamesAndDeletes)
     EXPECT_EQ(buttonNamed(list, QStringLiteral("Poses")), nullptr);
     const QString picture = screenshot(list, "orvane_pie_list.png");
     EXPECT_FALSE(QImage(picture).isNull());
+}
+
+TEST_F(PieMenuTest, ThePanelsPieMenuEntryOpensTheList)
+{
+    ASSERT_TRUE(mel("orvane"));
+    Ui::Main* panel = Ui::Manager::instance().panel();
+    ASSERT_NE(panel, nullptr);
+    QApplication::processEvents();
+    mayasim::host::clearSentCommands();
+    whenMenu(QStringLiteral("Pie Menu"));
+    QTest::mousePress(panel, Qt::RightButton, {}, QPoint(2, 2));
+    QApplication::processEvents();
+    ASSERT_FALSE(mayasim::host::sentCommands().empty());
+    const auto& command = mayasim::host::sentCommands().front();
+    EXPECT_EQ(command.text, "OVPieMenu -e");
+    EXPECT_TRUE(command.display && !command.undo);
+    EXPECT_NE(shown<PieMenu::MenuListDialog>(), nullptr);
+    // The panel keeps no widget for it.
+    EXPECT_TRUE(readBytes(QDir(fData).filePath("prefs.json")).isEmpty()
+                || !readBytes(QDir(fData).filePath("prefs.json")).contains("Pie"));
 }

@@ -229,6 +229,8 @@ TEST_F(PanelTest, RightPressesAddAndDeleteToolsAndPrefsFollow)
             table.push_back("---");
         table.push_back(Ui::tools()[row].menuText);
     }
+    // Then the entry that opens the pie menus.
+    table.insert(table.end(), {"---", "Pie Menu"});
     EXPECT_EQ(menu, table);
     EXPECT_THAT(menu, testing::IsSupersetOf({"Mirror", "Select Opposite"}));
     EXPECT_THAT(storedKinds(), ElementsAre("mirrorBtn"));
