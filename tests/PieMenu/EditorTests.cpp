@@ -32,6 +32,11 @@ using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using PieMenu::Slice;
 
+namespace PieMenu {
+// Made from the .qrc files when the build is configured.
+QStringList pluginResourceImages();
+} // namespace PieMenu
+
 namespace {
 
 template <typename T>
@@ -354,6 +359,9 @@ TEST_F(PieMenuTest, SliceFormPicksPluginRowsIconsAndKeys)
     EXPECT_THAT(PieMenu::pluginIconPaths(), Contains(QStringLiteral(":/plus.png")));
     for (const QString& path : PieMenu::mayaIconPaths())
         EXPECT_FALSE(PieMenu::pluginIconPaths().contains(path)) << path.toStdString();
+    // One resource file per image path: two blobs with one path shadow each other.
+    const QStringList listed = PieMenu::pluginResourceImages();
+    EXPECT_EQ(QSet<QString>(listed.begin(), listed.end()).size(), listed.size()) << listed.join(' ').toStdString();
     EXPECT_TRUE(PieMenu::isImageFile(QStringLiteral("a/B.PNG")));
     EXPECT_FALSE(PieMenu::isImageFile(QStringLiteral("a/b.txt")));
     whenModal([](QWidget* dialog) {
