@@ -297,6 +297,9 @@ void Manager::show(int id)
         return;
     if (!fPopup)
         fPopup = new PieMenuPopup(MQtUtil::mainWindow());
+    // A held key's auto-repeat shows it again: it stays where the press put it.
+    if (fPopup->isVisible() && fActiveMenuId == id)
+        return;
     fActiveMenuId = id;
     fPopup->showAt(QCursor::pos(), slicesOf(id));
 }

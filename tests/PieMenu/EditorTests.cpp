@@ -192,6 +192,10 @@ TEST_F(PieMenuTest, PopupClosesByEscapeByClicksAndLeavesOtherMenusKeysAlone)
     QCursor::setPos(centre + QPoint(0, -90));
     QApplication::processEvents();
     EXPECT_EQ(popup->preview()->hoveredIndex(), 0);
+    // Shown again for the same menu (a key's auto-repeat), it stays put.
+    ASSERT_TRUE(mel("OVPieMenu -s " + std::to_string(first)));
+    EXPECT_EQ(popup->geometry().center(), centre - QPoint(1, 1));
+    EXPECT_EQ(popup->preview()->hoveredIndex(), 0);
     const QString picture = screenshot(popup, "orvane_pie_popup.png");
     EXPECT_FALSE(QImage(picture).isNull());
     // The release of another menu's key does nothing to it.
