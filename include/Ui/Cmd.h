@@ -20,4 +20,14 @@ public:
     static MSyntax createSyntax();
 };
 
+// What both panel commands start with: their arguments parsed, and an
+// interface to show a panel in (batch mode has none). A failed status comes
+// with its report.
+struct PanelArgs
+{
+    MStatus status;
+    bool moveUI = false;
+};
+PanelArgs parsePanelArgs(const MSyntax& syntax, const MArgList& args);
+
 } // namespace Ui

@@ -25,8 +25,6 @@ public:
     Main* panel() const;
 
 private:
-    MStatus toggleWorkspace();
-
     QPointer<QWidget> workspaceControl;
     const MString name = "ORVANE_WORKSPACE_CONTROL";
     QPointer<Main> main;

@@ -24,18 +24,30 @@ void* Cmd::creator() { return new Cmd; }
 
 MSyntax Cmd::createSyntax() { return commandSyntax(Flags, false); }
 
-MStatus Cmd::doIt(const MArgList& args)
+PanelArgs parsePanelArgs(const MSyntax& syntax, const MArgList& args)
 {
-    const CommandArgs parsed(createSyntax(), args, Flags, OV_HERE("doIt"));
-    if (!parsed.status())
-        return parsed.status();
+    PanelArgs panelArgs;
+    const CommandArgs parsed(syntax, args, Flags, OV_HERE("doIt"));
+    panelArgs.status = parsed.status();
+    if (!panelArgs.status)
+        return panelArgs;
     // Maya in batch mode has a core application but no widgets.
     if (!qobject_cast<QApplication*>(QCoreApplication::instance())) {
         OV_REPORT(QStringLiteral("the panel needs Maya's interface; there is none in batch mode"), "doIt");
-        return MS::kFailure;
+        panelArgs.status = MS::kFailure;
+        return panelArgs;
     }
+    panelArgs.moveUI = parsed.isSet(MoveUI);
+    return panelArgs;
+}
+
+MStatus Cmd::doIt(const MArgList& args)
+{
+    const PanelArgs parsed = parsePanelArgs(createSyntax(), args);
+    if (!parsed.status)
+        return parsed.status;
     Manager& manager = Manager::instance();
-    if (parsed.isSet(MoveUI)) {
+    if (parsed.moveUI) {
         manager.moveToCursor();
         return MS::kSuccess;
     }

@@ -50,7 +50,7 @@ MStatus Manager::toggle()
     // and runs the ui script, the panel is not in the new control yet: it is
     // put back without hiding what the user left open.
     if (workspaceControl && main && workspaceControl->isAncestorOf(main))
-        return toggleWorkspace();
+        return toggleWorkspaceControl(name);
     if (!workspaceControlExists(name)) {
         const MStatus status = createWorkspaceControl(MString("Orvane ") + PluginVersion, CommandName, name);
         if (!status) {
@@ -73,13 +73,6 @@ MStatus Manager::toggle()
     if (!workspaceControlVisible(name))
         return restoreWorkspaceControl(name);
     return status;
-}
-
-MStatus Manager::toggleWorkspace()
-{
-    if (workspaceControlVisible(name))
-        return hideWorkspaceControl(name);
-    return restoreWorkspaceControl(name);
 }
 
 void Manager::moveToCursor()

@@ -40,7 +40,7 @@ TEST_F(PluginLoad, RegistersTheCommandsInOrder)
     EXPECT_THAT(registeredCommands(),
                 ::testing::ElementsAre("OVKeyBlending", "OVTangentBlending", "OVSnapshot", "OVResetPose",
                                        "OVAnimationOffset", "OVTimelineOverlay", "OVAnimationRecovery", "OVSelectionSet",
-                                       "orvane", "OVMirror",
+                                       "orvane", "OVSelectionSetUi", "OVMirror",
                                        "OVSelectOpposite", "OVXFormWorldSpace", "OVRetiming", "OVTangent", "OVPieMenu", "OVRelationship"));
 }
 

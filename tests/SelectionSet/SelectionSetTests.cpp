@@ -19,6 +19,7 @@
 #include <regex>
 
 using ::testing::ElementsAre;
+using ::testing::HasSubstr;
 
 namespace {
 
@@ -236,6 +237,18 @@ TEST_F(SelectionSetTest, AForcedUnloadKeepsTheSetsAsUnknownNodesSavedAsBefore)
     EXPECT_EQ(lodVisibility("spine_ctrlShape"), 0) << "an unknown node runs no code";
     ASSERT_TRUE(MFileIO::newFile(true));
     ASSERT_TRUE(mayasim::host::loadLinkedPlugin("orvane", initializePlugin, uninitializePlugin));
+}
+
+// This program has no interface, as Maya in batch mode: the strip's command
+// says so and fails, changing nothing.
+TEST_F(SelectionSetTest, TheStripNeedsMayasInterface)
+{
+    const std::string before = sceneText();
+    EXPECT_FALSE(mel("OVSelectionSetUi"));
+    ASSERT_EQ(reports().size(), 1u);
+    EXPECT_THAT(reports()[0], HasSubstr("Message: the panel needs Maya's interface; there is none in batch mode\n"));
+    EXPECT_FALSE(mel("OVSelectionSetUi -moveUI"));
+    EXPECT_EQ(sceneText(), before);
 }
 
 } // namespace

@@ -12,6 +12,8 @@ bool workspaceControlFloating(const MString& name);
 bool workspaceControlVisible(const MString& name);
 MStatus hideWorkspaceControl(const MString& name);
 MStatus restoreWorkspaceControl(const MString& name);
+// Hides a visible control, restores a hidden one.
+MStatus toggleWorkspaceControl(const MString& name);
 // Moves the widget's window so that its centre is under the mouse: the
 // top-left at the cursor less half the frame, in whole pixels.
 void centerWindowOnCursor(QWidget* widget);

@@ -60,6 +60,11 @@ MStatus restoreWorkspaceControl(const MString& name)
     return MGlobal::executeCommand(command);
 }
 
+MStatus toggleWorkspaceControl(const MString& name)
+{
+    return workspaceControlVisible(name) ? hideWorkspaceControl(name) : restoreWorkspaceControl(name);
+}
+
 void centerWindowOnCursor(QWidget* widget)
 {
     if (!widget)
