@@ -15,6 +15,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QThread>
 
@@ -103,6 +104,14 @@ std::string unreadable(const QString& path)
     return "a file recovery doesn't write";
 }
 
+// A write's temporary file, left by the kill before it took its name: the
+// name of a recovery file and QSaveFile's six characters. No reader lists it.
+bool isLeftOverWrite(const QString& path)
+{
+    static const QRegularExpression pattern(QStringLiteral("^(lastModified|l|\\d+_a)\\.[A-Za-z0-9]{6}$"));
+    return pattern.match(QFileInfo(path).fileName()).hasMatch();
+}
+
 struct Figures
 {
     int kills = 0;
@@ -111,6 +120,7 @@ struct Figures
     int killsDuringSave = 0; // a save under way when the kill came
     int ofThoseWritten = 0;  // ... whose file was complete nonetheless
     int killsBeforeFirstSave = 0;
+    int leftOverWrites = 0; // temporary files of writes the kill cut short
 };
 
 } // namespace
@@ -169,6 +179,10 @@ TEST(RecoveryKill, EveryKillLeavesWholeFilesAndARestoreGivesBackTheLastCompleted
         const QString recovery = folder.filePath(QStringLiteral("home/Documents/maya/scripts/Orvane/AnimationRecovery"));
         for (QDirIterator it(recovery, QDir::Files, QDirIterator::Subdirectories); it.hasNext();) {
             const QString path = it.next();
+            if (isLeftOverWrite(path)) {
+                ++figures.leftOverWrites;
+                continue;
+            }
             ASSERT_EQ(unreadable(path), "") << context << ": " << path.toStdString();
             ++figures.filesChecked;
         }
@@ -205,10 +219,14 @@ TEST(RecoveryKill, EveryKillLeavesWholeFilesAndARestoreGivesBackTheLastCompleted
             ASSERT_EQ(restored.toStdString(), last.toStdString()) << context << restore.output;
         }
         dir.remove();
+        if ((kill + 1) % 50 == 0)
+            std::cout << "recovery kill test: " << kill + 1 << " kills, " << clock.elapsed() / 1000.0 << " s"
+                      << std::endl;
     }
     std::cout << "recovery kill test: " << figures.kills << " kills in " << clock.elapsed() / 1000.0 << " s, "
               << figures.savesCompleted << " saves completed, " << figures.filesChecked
               << " recovery files parsed, " << figures.killsDuringSave << " kills during a save ("
               << figures.ofThoseWritten << " of whose files were whole and restored), "
-              << figures.killsBeforeFirstSave << " before the first save; every restore exact" << std::endl;
+              << figures.killsBeforeFirstSave << " before the first save, " << figures.leftOverWrites
+              << " temporary files of cut writes left beside them (never read); every restore exact" << std::endl;
 }

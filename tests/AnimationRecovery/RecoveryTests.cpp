@@ -307,6 +307,56 @@ TEST_F(Recovery, CorruptFilesAndRecordsAreSkippedWithAReport)
     EXPECT_THAT(reports()[1], HasSubstr("bad curve record: obj_translateX"));
 }
 
+// A curve is rebuilt whole or not at all: one bad key in a later record
+// leaves the curve as the earlier record had it; a "lastModified" that isn't
+// one restores nothing.
+TEST_F(Recovery, ARecordWithOneBadKeyNeverHalfRestoresItsCurve)
+{
+    ASSERT_TRUE(mel("OVAnimationRecovery -enable true"));
+    save(scenePath());
+    keyPlug("obj.tx", {{1, 1}, {5, 3}, {9, 2}});
+    idle();
+    const std::string edited = describeCurves();
+    const QStringList files = curveFiles();
+    ASSERT_EQ(files.size(), 1);
+    const QString path = QDir(recoveryRoot()).filePath(files[0]);
+    const QString folder = QFileInfo(path).path();
+    const qint64 number = QFileInfo(path).fileName().chopped(2).toLongLong();
+    // Each a copy of the good record, new values on every key, one key spoilt.
+    const QCborMap good = QCborValue::fromCbor(readBytes(path)).toMap();
+    const auto spoilt = [&good](int field, const QCborValue& value) {
+        QCborMap record = good.value(QStringLiteral("obj_translateX")).toMap();
+        QCborMap keys = record.value(QStringLiteral("k")).toMap();
+        for (auto it = keys.begin(); it != keys.end(); ++it) {
+            QCborArray key = it.value().toArray();
+            key[4] = 100.0;
+            if (it.key().toString() == QStringLiteral("5"))
+                key[field] = value;
+            it.value() = key;
+        }
+        record.insert(QStringLiteral("k"), keys);
+        return QCborValue(QCborMap{{QStringLiteral("obj_translateX"), record}}).toCbor();
+    };
+    ASSERT_TRUE(writeBytes(QDir(folder).filePath(QString::number(number + 1) + "_a"), spoilt(5, 99)));
+    ASSERT_TRUE(writeBytes(QDir(folder).filePath(QString::number(number + 2) + "_a"), spoilt(4, qInf())));
+    ASSERT_TRUE(writeBytes(QDir(folder).filePath(QString::number(number + 3) + "_a"), spoilt(8, 1)));
+
+    reopen(scenePath());
+    ASSERT_TRUE(mel("OVAnimationRecovery -restore"));
+    EXPECT_EQ(describeCurves(), edited);
+    ASSERT_EQ(reports().size(), 3u);
+    for (const std::string& report : reports())
+        EXPECT_THAT(report, HasSubstr("bad curve record: obj_translateX"));
+
+    ASSERT_TRUE(writeBytes(QDir(folder).filePath(QStringLiteral("lastModified")), "\xa1\x61l\x61x"));
+    reopen(scenePath());
+    mayasim::host::clearOutput();
+    ASSERT_TRUE(mel("OVAnimationRecovery -restore"));
+    EXPECT_EQ(describeCurves(), "");
+    ASSERT_EQ(reports().size(), 1u);
+    EXPECT_THAT(reports()[0], HasSubstr("faile to find last modified"));
+}
+
 TEST_F(Recovery, SceneWithoutItsIdentityNodeFindsItsFolderByTheNodesItsCurvesDrive)
 {
     save(scenePath()); // saved before recording began: the file has no identity node
