@@ -340,6 +340,7 @@ TEST_F(BlendSliderTest, KeyPresetsSendTheirCommandsAndFrameTypesTheCapturedFrame
     EXPECT_EQ(slider->blendType(), 2);
     EXPECT_EQ(storedWidgets()[0].toObject().value("blendType").toInt(), 2);
     EXPECT_TRUE(prev->isVisible() && next->isVisible());
+    ASSERT_TRUE(mel(std::string("mayasimUi -screenshot \"" ORVANE_BINARY_DIR "/slider-frame-type.png\" ORVANE_WORKSPACE_CONTROL")));
     EXPECT_EQ(prev->toolTip(), "Capture current frame as previous (B)");
     EXPECT_EQ(next->toolTip(), "Capture current frame as next (N)");
     EXPECT_TRUE(TimelineOverlay::isVisible("PREV_FRAME_UI_OVERLAY"));
