@@ -20,6 +20,10 @@ struct CommandFlag
     const char* longName;
     std::vector<MSyntax::MArgType> arguments;
 
+    // The name the parsed arguments know the flag by: its short name, or
+    // its long name where it has no short one.
+    const char* name() const { return *shortName ? shortName : longName; }
+
     // How a report names the flag: "[-bv, -blendValue]".
     QString text() const
     {

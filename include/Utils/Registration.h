@@ -1,4 +1,5 @@
 #pragma once
+#include <maya/MDrawRegistry.h>
 #include <maya/MFnPlugin.h>
 #include <maya/MString.h>
 #include <maya/MTypeId.h>
@@ -12,3 +13,9 @@ MStatus registerNodeReported(MFnPlugin& plugin, const MString& name, const MType
                              MInitializeFunction initialize, MPxNode::Type type, const MString* classification,
                              const char* failurePrefix, const char* file, int line);
 MStatus deregisterNodeReported(MFnPlugin& plugin, const MString& name, const MTypeId& id, const char* file, int line);
+// A draw override's creator for the classification; the report names it label.
+MStatus registerDrawOverrideReported(const MString& classification, const MString& registrant,
+                                     MHWRender::MDrawRegistry::DrawOverrideCreator creator, const MString& label,
+                                     const char* file, int line);
+MStatus deregisterDrawOverrideReported(const MString& classification, const MString& registrant,
+                                       const MString& label, const char* file, int line);

@@ -6,6 +6,7 @@
 #include "AnimationRecovery/Registration.h"
 #include "KeyBlending/Registration.h"
 #include "Mirror/Registration.h"
+#include "MotionTrail/Registration.h"
 #include "PieMenu/Registration.h"
 #include "Relationship/Registration.h"
 #include "ResetPose/Registration.h"
@@ -52,6 +53,8 @@ PLUGIN_EXPORT MStatus initializePlugin(MObject obj)
     if (!(status = TimelineOverlay::registerCommand(plugin)))
         return status;
     if (!(status = SceneId::registerNode(plugin)))
+        return status;
+    if (!(status = MotionTrail::registerAll(plugin)))
         return status;
     if (!(status = AnimationRecovery::registerCommand(plugin)))
         return status;
@@ -104,6 +107,8 @@ PLUGIN_EXPORT MStatus uninitializePlugin(MObject obj)
     if (!(status = SelectionSet::deregisterAll(plugin)))
         return status;
     if (!(status = AnimationRecovery::deregisterCommand(plugin)))
+        return status;
+    if (!(status = MotionTrail::deregisterAll(plugin)))
         return status;
     if (!(status = SceneId::deregisterNode(plugin)))
         return status;

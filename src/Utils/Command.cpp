@@ -58,7 +58,7 @@ bool CommandArgs::numbersAreFinite(const CommandFlags& flags, const ReportSite& 
     return true;
 }
 
-bool CommandArgs::isSet(const CommandFlag& flag) const { return fDatabase.isFlagSet(flag.shortName); }
+bool CommandArgs::isSet(const CommandFlag& flag) const { return fDatabase.isFlagSet(flag.name()); }
 
 MStatus CommandArgs::getObjects(MSelectionList& objects, const ReportSite& site, const QString& failure) const
 {
@@ -71,7 +71,7 @@ MStatus CommandArgs::getObjects(MSelectionList& objects, const ReportSite& site,
 double CommandArgs::number(const CommandFlag& flag, unsigned int index) const
 {
     double value = 0.0;
-    fDatabase.getFlagArgument(flag.shortName, index, value);
+    fDatabase.getFlagArgument(flag.name(), index, value);
     return value;
 }
 

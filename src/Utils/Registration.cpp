@@ -42,3 +42,18 @@ MStatus deregisterNodeReported(MFnPlugin& plugin, const MString& name, const MTy
 {
     return reported(plugin.deregisterNode(id), "Failed to deregister ", name, file, line, "Deregister");
 }
+
+MStatus registerDrawOverrideReported(const MString& classification, const MString& registrant,
+                                     MHWRender::MDrawRegistry::DrawOverrideCreator creator, const MString& label,
+                                     const char* file, int line)
+{
+    return reported(MHWRender::MDrawRegistry::registerDrawOverrideCreator(classification, registrant, creator),
+                    "Failed to register ", label, file, line, "Register");
+}
+
+MStatus deregisterDrawOverrideReported(const MString& classification, const MString& registrant,
+                                       const MString& label, const char* file, int line)
+{
+    return reported(MHWRender::MDrawRegistry::deregisterDrawOverrideCreator(classification, registrant),
+                    "Failed to deregister ", label, file, line, "Deregister");
+}

@@ -39,7 +39,7 @@ TEST_F(PluginLoad, RegistersTheCommandsInOrder)
     ASSERT_TRUE(mayasim::host::loadLinkedPlugin("orvane", initializePlugin, uninitializePlugin));
     EXPECT_THAT(registeredCommands(),
                 ::testing::ElementsAre("OVKeyBlending", "OVTangentBlending", "OVSnapshot", "OVResetPose",
-                                       "OVAnimationOffset", "OVTimelineOverlay", "OVAnimationRecovery", "OVSelectionSet",
+                                       "OVAnimationOffset", "OVTimelineOverlay", "OVMotionTrail", "OVAnimationRecovery", "OVSelectionSet",
                                        "orvane", "OVSelectionSetUi", "OVMirror",
                                        "OVSelectOpposite", "OVXFormWorldSpace", "OVRetiming", "OVTangent", "OVPieMenu", "OVRelationship"));
 }
@@ -141,6 +141,9 @@ const char* const everyTool[] = {
     "OVRelationship body_ctrl arm_L_ctrl",
     "OVRelationship -p",
     "OVPieMenu -c 1",
+    "OVMotionTrail arm_R_ctrl",
+    "OVMotionTrail -cameraSpace 1",
+    "OVMotionTrail -lineStyle 0 arm_R_ctrl",
     "OVAnimationRecovery -enable true",
     "OVSelectionSet arms",
     "OVSelectionSet -m 1 x1E0x1Earms arm_R_ctrl",
