@@ -156,6 +156,19 @@ TEST_F(PieMenuTest, SlicesRunAsMelPythonKeysOrPluginRows)
     EXPECT_EQ(commands[4].text, "OVRetiming -value -1 -retimeType 0 -JumpToNewTime");
     EXPECT_EQ(commands[5].text, "OVRetiming -value 1 -retimeType 0");
 
+    // Every row sends its own text first.
+    for (const PieMenu::PluginCommand& row : PieMenu::pluginCommands()) {
+        mayasim::host::clearSentCommands();
+        PieMenu::runSlice({QString(), QString(), QString(), PieMenu::Mel, row.id});
+        ASSERT_FALSE(mayasim::host::sentCommands().empty()) << row.id;
+        // The prefs.json written above turns the jump of rows 15 and 16 off.
+        const std::string expected = row.command.toStdString();
+        EXPECT_EQ(mayasim::host::sentCommands().front().text, expected) << row.id;
+        if (row.id == 32 || row.id == 33) {
+            EXPECT_THAT(sent(), Contains(expected + " -moveUI"));
+        }
+    }
+
     // A key chord reaches the focus widget after the present event, and
     // with it whatever that key does: here another hotkey.
     ASSERT_TRUE(mel("global int $gChord; $gChord = 0; nameCommand -c \"global int $gChord; $gChord = $gChord + 1\" chordCount"));
