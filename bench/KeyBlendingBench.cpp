@@ -2,52 +2,19 @@
 // Neighbors, Ease, Value Offset and World Space over many keys, beside the bare
 // MFnAnimCurve::setValue loop they are built on; and the press (collection)
 // over many animated channels.
+#include "BenchScene.h"
 #include "KeyBlending/Data.h"
 
 #include <maya/MAnimCurveChange.h>
-#include <maya/MFileIO.h>
 #include <maya/MFnAnimCurve.h>
-#include <maya/MFnDependencyNode.h>
 #include <maya/MGlobal.h>
 #include <maya/MSelectionList.h>
-#include <mayasim/Host.h>
 
 #include <benchmark/benchmark.h>
 
-#include <cmath>
-#include <string>
 #include <vector>
 
 namespace {
-
-const char* const channels[] = {"tx", "ty", "tz", "rx", "ry", "rz", "sx", "sy", "sz", "v"};
-
-// A scene of `objects` transforms with `channelsPerObject` keyed channels of
-// `keysPerCurve` keys each, all selected, the whole range highlighted.
-std::vector<MObject> buildScene(int objects, int channelsPerObject, int keysPerCurve)
-{
-    MFileIO::newFile(true);
-    std::vector<MObject> curves;
-    MSelectionList selection;
-    for (int o = 0; o < objects; ++o) {
-        const std::string name = "obj" + std::to_string(o);
-        MGlobal::executeCommand(("createNode transform -n " + name).c_str());
-        selection.add(name.c_str());
-        MObject node;
-        selection.getDependNode(selection.length() - 1, node);
-        for (int c = 0; c < channelsPerObject; ++c) {
-            MPlug plug = MFnDependencyNode(node).findPlug(channels[c], false);
-            MFnAnimCurve curve;
-            MObject curveNode = curve.create(plug);
-            for (int k = 0; k < keysPerCurve; ++k)
-                curve.addKey(MTime(k + 1.0, MTime::uiUnit()), std::sin(k * 0.1) * (c + 1));
-            curves.push_back(curveNode);
-        }
-    }
-    MGlobal::setActiveSelectionList(selection);
-    mayasim::host::setTimeSliderHighlight(1, keysPerCurve);
-    return curves;
-}
 
 void shapeArgs(benchmark::internal::Benchmark* bench)
 {

@@ -2,6 +2,7 @@
 // change: a control without an opposite tries all twenty token rows on three
 // name forms, each a name lookup. Beside it one name lookup of mayasim's, so
 // that the lookup's cost shows as a multiple of Maya's own.
+#include "BenchScene.h"
 #include "SelectOpposite/Manager.h"
 
 #include <maya/MFileIO.h>
@@ -9,8 +10,6 @@
 #include <maya/MSelectionList.h>
 
 #include <benchmark/benchmark.h>
-
-#include <QTemporaryDir>
 
 #include <string>
 
@@ -29,22 +28,6 @@ void buildRig(int pairs)
     }
     MGlobal::executeCommand(script.c_str());
 }
-
-// The data folder of a throwaway home, so that no pairs file is found.
-class ThrowawayHome
-{
-public:
-    ThrowawayHome()
-    {
-        fOld = qgetenv("HOME");
-        qputenv("HOME", fHome.path().toUtf8());
-    }
-    ~ThrowawayHome() { qputenv("HOME", fOld); }
-
-private:
-    QTemporaryDir fHome;
-    QByteArray fOld;
-};
 
 MSelectionList named(const std::string& names)
 {

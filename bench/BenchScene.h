@@ -1,0 +1,60 @@
+#pragma once
+// Scenes and surroundings that several benchmarks share.
+#include <maya/MFileIO.h>
+#include <maya/MFnAnimCurve.h>
+#include <maya/MFnDependencyNode.h>
+#include <maya/MGlobal.h>
+#include <maya/MPlug.h>
+#include <maya/MSelectionList.h>
+#include <mayasim/Host.h>
+
+#include <QTemporaryDir>
+
+#include <cmath>
+#include <string>
+#include <vector>
+
+// A scene of `objects` transforms with `channelsPerObject` keyed channels of
+// `keysPerCurve` keys each, all selected, the whole range highlighted.
+inline std::vector<MObject> buildScene(int objects, int channelsPerObject, int keysPerCurve)
+{
+    static const char* const channels[] = {"tx", "ty", "tz", "rx", "ry", "rz", "sx", "sy", "sz", "v"};
+    MFileIO::newFile(true);
+    std::vector<MObject> curves;
+    MSelectionList selection;
+    for (int o = 0; o < objects; ++o) {
+        const std::string name = "obj" + std::to_string(o);
+        MGlobal::executeCommand(("createNode transform -n " + name).c_str());
+        selection.add(name.c_str());
+        MObject node;
+        selection.getDependNode(selection.length() - 1, node);
+        for (int c = 0; c < channelsPerObject; ++c) {
+            MPlug plug = MFnDependencyNode(node).findPlug(channels[c], false);
+            MFnAnimCurve curve;
+            MObject curveNode = curve.create(plug);
+            for (int k = 0; k < keysPerCurve; ++k)
+                curve.addKey(MTime(k + 1.0, MTime::uiUnit()), std::sin(k * 0.1) * (c + 1));
+            curves.push_back(curveNode);
+        }
+    }
+    MGlobal::setActiveSelectionList(selection);
+    mayasim::host::setTimeSliderHighlight(1, keysPerCurve);
+    return curves;
+}
+
+// The data folder of a throwaway home, so that no user file is read or written.
+class ThrowawayHome
+{
+public:
+    ThrowawayHome()
+    {
+        fOld = qgetenv("HOME");
+        qputenv("HOME", fHome.path().toUtf8());
+    }
+    ~ThrowawayHome() { qputenv("HOME", fOld); }
+    QString path() const { return fHome.path(); }
+
+private:
+    QTemporaryDir fHome;
+    QByteArray fOld;
+};
