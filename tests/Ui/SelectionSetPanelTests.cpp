@@ -7,10 +7,13 @@
 #include "Ui/SelectionSet/Ui.h"
 
 #include <maya/MFileIO.h>
+#define MNoVersionString // the plug-in emits the version symbols
+#include <maya/MFnPlugin.h>
 #include <maya/MGlobal.h>
 #include <maya/MQtUtil.h>
 #include <maya/MStringArray.h>
 #include <mayasim/Gui.h>
+#include <mayasim/Host.h>
 
 #include <gmock/gmock.h>
 
@@ -288,6 +291,19 @@ TEST_F(SelectionSetPanelTest, HideUiHidesTheStripAndTheCommandBringsItBack)
     ASSERT_NE(panel(), nullptr);
     EXPECT_TRUE(MQtUtil::findControl(Control.c_str())->isAncestorOf(panel()));
     EXPECT_EQ(buttonNames().size(), 3u);
+}
+
+TEST_F(SelectionSetPanelTest, UnloadingClosesTheControlAndDeletesTheStrip)
+{
+    QPointer<SelectionSetUi::Ui> strip = panel();
+    ASSERT_TRUE(MFileIO::newFile(true));
+    ASSERT_TRUE(mel("unloadPlugin orvane"));
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(strip.isNull());
+    EXPECT_EQ(number("workspaceControl -q -visible " + Control), 0);
+    // A new scene after the unload finds no callback of the strip.
+    ASSERT_TRUE(MFileIO::newFile(true));
+    ASSERT_TRUE(mayasim::host::loadLinkedPlugin("orvane", initializePlugin, uninitializePlugin));
 }
 
 } // namespace
