@@ -75,6 +75,13 @@ TEST_F(SelectionSetTest, CreatingNumbersEachSetAfterTheFreeNumberAndKeepsItsMemb
     // The deleted set's number is free again; nothing selected makes an empty set.
     EXPECT_EQ(result("OVSelectionSet legs"), "x1E0x1Elegs");
     EXPECT_EQ(content("x1E0x1Elegs"), "");
+    // A set renamed, here to another place in the order, is found by its new name;
+    // its old number is free.
+    ASSERT_TRUE(mel("rename x1E0x1Elegs x1E7x1Elegs; select -r face"));
+    EXPECT_EQ(intResult("OVSelectionSet -h 1 x1E7x1Elegs"), 1);
+    ASSERT_TRUE(mel("OVSelectionSet -m 0 x1E7x1Elegs"));
+    EXPECT_EQ(content("x1E7x1Elegs"), "face ");
+    EXPECT_EQ(result("OVSelectionSet legs"), "x1E0x1Elegs");
     // A label keeps only what a node name can hold.
     EXPECT_EQ(result("OVSelectionSet \"a b-c:d\" spine_ctrl"), "x1E2x1Ea_b_c_d");
     EXPECT_EQ(typeOf("x1E2x1Ea_b_c_d"), "OVSelectionSetNode");
