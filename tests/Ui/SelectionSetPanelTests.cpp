@@ -267,6 +267,15 @@ TEST_F(SelectionSetPanelTest, TheDialogNamesAndColoursSets)
     ASSERT_TRUE(mel("mayasimUi -click \"" + buttons[20] + "\""));
     EXPECT_EQ(dialog(), nullptr);
     EXPECT_EQ(number("getAttr x1E0x1Ehands.colorIndex"), 4);
+    // The button of a set deleted by hand recolours itself and says nothing.
+    ASSERT_TRUE(mel("delete x1E0x1Ehands"));
+    mayasim::host::clearOutput();
+    rightPressChoosing(path("x1E0x1Ehands"), "Change style");
+    ASSERT_TRUE(mel("mayasimUi -click \"" + buttons[8] + "\""));
+    ASSERT_TRUE(mel("mayasimUi -click \"" + buttons[19] + "\""));
+    EXPECT_EQ(button("x1E0x1Ehands")->property("colorIndex").toInt(), 8);
+    for (const auto& line : mayasim::host::output())
+        EXPECT_NE(line.kind, mayasim::host::OutputLine::Kind::Error) << line.text;
 }
 
 TEST_F(SelectionSetPanelTest, HideUiHidesTheStripAndTheCommandBringsItBack)

@@ -2,6 +2,7 @@
 
 #include "SelectionSet/Cmd.h"
 #include "SelectionSet/Node.h"
+#include "SelectionSet/Operations.h"
 #include "Ui/SelectionSet/Button.h"
 #include "Ui/SelectionSet/Dialog.h"
 #include "Ui/SelectionSet/Manager.h"
@@ -41,9 +42,12 @@ QPushButton* toolButton(const QString& icon, const QString& tip, QWidget* parent
     return button;
 }
 
-// Sets a set node's colour as one undo step of its own.
+// Sets a set node's colour as one undo step of its own; a set that is gone
+// (its deletion undone by hand) is left alone, quietly, as its clicks are.
 void setColorIndex(const QString& nodeName, int index)
 {
+    if (SelectionSet::findSet(nodeName.toUtf8().constData()).isNull())
+        return;
     const QString command = QStringLiteral("setAttr %1.colorIndex %2").arg(nodeName).arg(index);
     MGlobal::executeCommand(command.toUtf8().constData(), false, true);
 }
