@@ -289,6 +289,15 @@ TEST_F(RetimingTest, FixedGapsOnARangeAtTheFrameAndOnPickedKeys)
     ASSERT_TRUE(mel("undo"));
     EXPECT_EQ(retime("-v 8 -rt 6"), 3);
     EXPECT_THAT(keyTimes("other.tx"), ElementsAre(0, 2, 10, 18, 26));
+    ASSERT_TRUE(mel("undo"));
+
+    // A range past the curve's last key: the spacing starts at the first key
+    // in the range and stops at the last key.
+    mayasim::host::clearKeySelection();
+    mayasim::host::setTimeSliderHighlight(1, 30);
+    EXPECT_EQ(retime("-v 3 -rt 6 other"), 3);
+    EXPECT_THAT(keyTimes("other.tx"), ElementsAre(0, 2, 5, 8, 11));
+    EXPECT_TRUE(reports().empty());
 }
 
 TEST_F(RetimingTest, ValuesAndTangentsTravelWithTheirKeys)
