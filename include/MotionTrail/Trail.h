@@ -58,7 +58,9 @@ public:
     bool processOneFrame();
 
     unsigned int id() const { return fId; }
-    bool isAlive() const { return fHandle.isAlive(); }
+    // Whether the object is in the scene: a deleted node that the undo
+    // queue keeps alive counts as gone.
+    bool exists() const { return fHandle.isValid(); }
     const MTime& rangeStart() const { return fRangeStart; }
     const MTime& rangeEnd() const { return fRangeEnd; }
     const FrameFlags& dirtyFrames() const { return fDirty; }

@@ -32,8 +32,6 @@ std::unique_ptr<Manager>& held()
 
 unsigned int hashOf(const MObject& node) { return MObjectHandle(node).hashCode(); }
 
-bool isAlive(const MObject& node) { return !node.isNull() && MObjectHandle(node).isAlive(); }
-
 MStringArray modelPanels()
 {
     MStringArray panels;
@@ -67,7 +65,7 @@ void visitQueued(std::vector<unsigned int>& queue, Caches& caches)
     size_t kept = 0;
     for (const unsigned int id : queue) {
         const auto found = caches.find(id);
-        if (found == caches.end() || !found->second.isAlive())
+        if (found == caches.end() || !found->second.exists())
             continue;
         if (!found->second.processOneFrame())
             queue[kept++] = id;
@@ -155,7 +153,7 @@ void Manager::ensureNode()
     MSelectionList named;
     if (named.add(NodeName))
         named.getDependNode(0, fTrailNode);
-    if (!isAlive(fTrailNode)) {
+    if (!isValidObject(fTrailNode)) {
         MFnDependencyNode node;
         fTrailNode = node.create(NodeName, NodeName);
     }
@@ -163,7 +161,7 @@ void Manager::ensureNode()
 
 void Manager::toggleSelection(const MSelectionList& list)
 {
-    if (!isAlive(fTrailNode)) {
+    if (!isValidObject(fTrailNode)) {
         // The first trail of a new life of the subsystem.
         resetAll();
         resetPendingWork();
@@ -195,7 +193,7 @@ void Manager::resetAll()
     fCameraCaches.clear();
     fEnabledCameras.clear();
     fPlayblasting = false;
-    if (!isAlive(fTrailNode))
+    if (!isValidObject(fTrailNode))
         return;
     // The node's transform goes with it: no empty transform is left behind.
     MFnDagNode node(fTrailNode);
@@ -369,7 +367,7 @@ void Manager::draw(const MDagPath& camera, MHWRender::MUIDrawManager& drawManage
     drawManager.beginDrawable(MHWRender::MUIDrawManager::kAutomatic, 0);
     for (auto entry = fTrails.begin(); entry != fTrails.end();) {
         // The one place where the trail of a deleted object goes.
-        if (!entry->second.isAlive()) {
+        if (!entry->second.exists()) {
             entry = fTrails.erase(entry);
             continue;
         }

@@ -211,7 +211,7 @@ void Trail::playbackRangeChanged(void* data)
 void Trail::keysEdited(MObjectArray& editedKeys, void* data)
 {
     auto* trail = static_cast<Trail*>(data);
-    if (!trail->isAlive())
+    if (!trail->exists())
         return;
     trail->markEditedFrames(editedKeys);
     trail->resetWalk(RecomputeMode::Full);
@@ -268,7 +268,7 @@ void CameraCache::playbackRangeChanged(void* data)
 void CameraCache::keysEdited(MObjectArray& editedKeys, void* data)
 {
     auto* camera = static_cast<CameraCache*>(data);
-    if (!camera->isAlive())
+    if (!camera->exists())
         return;
     camera->markEditedFrames(editedKeys);
     camera->resetWalk();
