@@ -501,12 +501,6 @@ void scheduleRefreshAll()
         panel->scheduleRedraw();
 }
 
-void refreshAll()
-{
-    for (ModelPanel* panel : modelPanels())
-        panel->redraw();
-}
-
 void modelEditorChanged()
 {
     events::fireEvent("modelEditorChanged");

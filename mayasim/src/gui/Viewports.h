@@ -77,7 +77,6 @@ void showPanels(ModelPanel* only);
 unsigned long refreshCount();
 void syncViews();
 void scheduleRefreshAll();
-void refreshAll();
 // Raised when a panel's options or camera change, as Maya's model editors do.
 void modelEditorChanged();
 

@@ -2,6 +2,7 @@
 // once per node and dropped when their node dies or their creator goes.
 #include "openmayarender/DrawPass.h"
 
+#include "engine/Output.h"
 #include "engine/Plugins.h"
 #include "foundation/NumberText.h"
 #include "scene/Evaluation.h"
@@ -89,6 +90,10 @@ Entry* entryFor(const NodePtr& node, MDrawRegistry::DrawOverrideCreator creator)
     made.node = node;
     made.creator = creator;
     made.override.reset(creator(objectOf(node.get())));
+    // Maya's words when an override can't draw on the device in use.
+    if (made.override && !(made.override->supportedDrawAPIs() & kDevice))
+        writeOutput(OutputKind::Error, "line 0: Failed to create evaluator for \"" + node->type()->classification +
+                                           "\" classification because the current drawing API isn't supported.");
     entries().push_back(std::move(made));
     return &entries().back();
 }

@@ -57,6 +57,18 @@ protected:
     }
 };
 
+// An override that keeps the base class's answer: the legacy OpenGL device.
+class LegacyOverride : public MHWRender::MPxDrawOverride
+{
+public:
+    explicit LegacyOverride(const MObject& node) : MPxDrawOverride(node, nullptr) {}
+    MUserData* prepareForDraw(const MDagPath&, const MDagPath&, const MHWRender::MFrameContext&, MUserData*) override
+    {
+        ++drawtest::record().prepares;
+        return nullptr;
+    }
+};
+
 // A drawn primitive's words, with its numbers read back.
 struct Drawn
 {
@@ -200,7 +212,7 @@ TEST_F(DrawOverrideTest, OverridesAreMadeOncePerNodeAndDroppedWithTheNodeOrTheir
     EXPECT_FALSE(MHWRender::MDrawRegistry::deregisterDrawOverrideCreator(drawtest::kClassification, "drawTestPlugin"));
 
     // Registration counts among the plug-in calls Maya can fail.
-    const auto creator = [](const MObject&) -> MHWRender::MPxDrawOverride* { return nullptr; };
+    const auto creator = [](const MObject& node) -> MHWRender::MPxDrawOverride* { return new LegacyOverride(node); };
     mayasim::host::clearRegistrations();
     mayasim::host::failRegistrationAt(1);
     EXPECT_FALSE(MHWRender::MDrawRegistry::registerDrawOverrideCreator(drawtest::kClassification, "other", creator));
@@ -212,7 +224,14 @@ TEST_F(DrawOverrideTest, OverridesAreMadeOncePerNodeAndDroppedWithTheNodeOrTheir
     EXPECT_EQ(calls[1].call, "registerDrawOverrideCreator");
     EXPECT_EQ(calls[1].name, drawtest::kClassification);
     EXPECT_TRUE(calls[1].succeeded);
-    // A creator that makes nothing draws nothing.
+    // An override for the legacy device only is made but never drawn, as
+    // Maya says.
+    mayasim::host::clearOutput();
+    const int preparesBefore = seen.prepares;
+    ASSERT_TRUE(mel("refresh -f"));
     EXPECT_THAT(drawList("modelPanel2"), IsEmpty());
+    EXPECT_EQ(seen.prepares, preparesBefore);
+    EXPECT_EQ(lastError(), "line 0: Failed to create evaluator for \"drawdb/geometry/drawTest\" classification "
+                           "because the current drawing API isn't supported.");
     ASSERT_TRUE(MHWRender::MDrawRegistry::deregisterDrawOverrideCreator(drawtest::kClassification, "other"));
 }
