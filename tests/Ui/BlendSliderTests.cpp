@@ -446,6 +446,19 @@ TEST_F(BlendSliderTest, ATangentDragIsOneUndoStepAndShowsTheRangeWhileItRuns)
     EXPECT_EQ(dragged, sceneAfter("OVTangentBlending -blendType 2 -inTangent -outTangent -blendValue " +
                                   QString::number(reached / 100.0 * 4, 'g', 17).toStdString()));
     EXPECT_NE(dragged, before);
+    sentSince();
+
+    // The sides unchecked in the menu are left alone by a drag too.
+    chooseFromMenu(handle, "In");
+    const QPoint again = press(handle, Qt::NoModifier);
+    reached = moveThrough(handle, again, {25}, Qt::NoModifier);
+    dragged = sceneText();
+    release(handle, again + QPoint(25, 0), Qt::NoModifier);
+    ASSERT_TRUE(mel("undo"));
+    EXPECT_EQ(dragged, sceneAfter("OVTangentBlending -blendType 2 -outTangent -blendValue " +
+                                  QString::number(reached / 100.0, 'g', 17).toStdString()));
+    EXPECT_NE(dragged, sceneAfter("OVTangentBlending -blendType 2 -inTangent -outTangent -blendValue " +
+                                  QString::number(reached / 100.0, 'g', 17).toStdString()));
 
     // The key slider shows its own range overlay only while it drags.
     auto* keys = addSlider<Ui::KeySlider>("keyBlending");
