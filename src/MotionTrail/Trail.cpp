@@ -76,10 +76,20 @@ void Cache::markAllFrames()
 void Cache::markEditedFrames(const MObjectArray& editedKeys)
 {
     const double start = fRangeStart.value(), end = fRangeEnd.value();
+    // The deltas of one edit come curve by curve: the curve is looked at
+    // once for each run of its deltas.
+    MObject curveNode;
+    MFnAnimCurve curve;
+    unsigned int count = 0;
     for (unsigned int i = 0; i < editedKeys.length(); ++i) {
         MFnKeyframeDelta delta(editedKeys[i]);
-        MFnAnimCurve curve(delta.paramCurve());
-        const unsigned int k = delta.keyIndex(), count = curve.numKeys();
+        const MObject edited = delta.paramCurve();
+        if (edited != curveNode) {
+            curveNode = edited;
+            curve.setObject(curveNode);
+            count = curve.numKeys();
+        }
+        const unsigned int k = delta.keyIndex();
         if (count == 0)
             continue;
         const unsigned int a = k == 0 ? 0 : std::min(k, count) - 1;
