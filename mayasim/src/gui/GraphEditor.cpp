@@ -3,6 +3,7 @@
 #include "engine/Command.h"
 #include "gui/Viewports.h"
 
+#include <maya/MAnimControl.h>
 #include <maya/MAnimUtil.h>
 #include <maya/MFnAnimCurve.h>
 #include <maya/MGlobal.h>
@@ -49,7 +50,7 @@ const char* const kOutliner = "graphEditor1OutlineEd";
 
 // Maya's graph editor: a dark field, x channels red, y green, z blue.
 const QColor kField(58, 58, 58), kGrid(72, 72, 72), kZero(30, 30, 30), kKey(20, 20, 20),
-    kSelectedKey(255, 255, 0), kOther(200, 200, 200);
+    kSelectedKey(255, 255, 0), kOther(200, 200, 200), kCurrentTime(200, 40, 40);
 constexpr int kKeySize = 6;
 constexpr int kPickReach = 5;
 
@@ -138,7 +139,10 @@ void GraphEditor::sync()
             result.push_back(curve.name);
         return result;
     };
+    const double now = MAnimControl::currentTime().as(MTime::uiUnit());
     const bool otherCurves = names(curves) != names(fCurves);
+    const bool moved = now != fCurrentTime;
+    fCurrentTime = now;
     const bool changed = otherCurves || [&] {
         for (size_t i = 0; i < curves.size(); ++i)
             for (size_t k = 0; k < curves[i].keys.size(); ++k)
@@ -148,7 +152,7 @@ void GraphEditor::sync()
                     return true;
         return false;
     }();
-    if (!changed)
+    if (!changed && !moved)
         return;
     fCurves = std::move(curves);
     if (otherCurves)
@@ -225,6 +229,10 @@ void GraphEditor::paintEvent(QPaintEvent*)
                              key.selected ? kSelectedKey : kKey);
         }
     }
+    // The current time, as Maya marks it.
+    painter.setPen(QPen(kCurrentTime, 1));
+    const double nowX = toWidget(fCurrentTime, 0).x();
+    painter.drawLine(QPointF(nowX, 0), QPointF(nowX, height()));
     if (fPressAt && (fDragTo - *fPressAt).manhattanLength() > 2)
     {
         painter.setPen(QPen(QColor(230, 230, 230), 1, Qt::DashLine));

@@ -48,6 +48,7 @@ private:
 
     std::vector<Curve> fCurves;
     QRectF fFrame{0, -1, 24, 2}; // time and value shown: x, y, width, height
+    double fCurrentTime = 0;     // UI time unit
     std::optional<QPoint> fPressAt;
     QPoint fDragTo;
 };

@@ -4,6 +4,8 @@
 
 #include <maya/MDoubleArray.h>
 
+#include <sstream>
+
 #include <gmock/gmock.h>
 
 using ::testing::ElementsAre;
@@ -53,6 +55,11 @@ TEST_F(GraphEditorTest, KeysPickedByBoxAndClickAreTheSelectedKeys)
     EXPECT_THAT(pickedTimes(), ElementsAre(10, 20));
     EXPECT_EQ(text("getPanel -withFocus"), "graphEditor1");
     EXPECT_EQ(text("mayasimUi -q -pixel " + at(10, 5) + " graphEditor1"), "255 255 0 255") << "picked keys are yellow";
+    // The current time shows as a red line.
+    ASSERT_TRUE(mel("currentTime 15"));
+    int r = 0, g = 0;
+    std::istringstream(text("mayasimUi -q -pixel " + at(15, 0.5) + " graphEditor1")) >> r >> g;
+    EXPECT_GT(r, g + 40);
 
     // A click replaces the picked keys; Shift adds; a click on nothing clears.
     ASSERT_TRUE(mel("mayasimUi -click -at " + at(1, 0) + " graphEditor1"));
