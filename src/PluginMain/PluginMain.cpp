@@ -16,6 +16,7 @@
 #include "Snapshot/Registration.h"
 #include "Tangent/Registration.h"
 #include "TangentBlending/Registration.h"
+#include "TempPivot/Registration.h"
 #include "Ui/Registration.h"
 #include "Ui/TimelineOverlay/Registration.h"
 #include "Utils/Nodes/SceneId/Registration.h"
@@ -51,6 +52,8 @@ PLUGIN_EXPORT MStatus initializePlugin(MObject obj)
     if (!(status = AnimationOffset::registerCommand(plugin)))
         return status;
     if (!(status = TimelineOverlay::registerCommand(plugin)))
+        return status;
+    if (!(status = TempPivot::registerCommand(plugin)))
         return status;
     if (!(status = SceneId::registerNode(plugin)))
         return status;
@@ -111,6 +114,8 @@ PLUGIN_EXPORT MStatus uninitializePlugin(MObject obj)
     if (!(status = MotionTrail::deregisterAll(plugin)))
         return status;
     if (!(status = SceneId::deregisterNode(plugin)))
+        return status;
+    if (!(status = TempPivot::deregisterCommand(plugin)))
         return status;
     // No overlay outlives its command.
     TimelineOverlay::destroyAll();

@@ -39,7 +39,7 @@ TEST_F(PluginLoad, RegistersTheCommandsInOrder)
     ASSERT_TRUE(mayasim::host::loadLinkedPlugin("orvane", initializePlugin, uninitializePlugin));
     EXPECT_THAT(registeredCommands(),
                 ::testing::ElementsAre("OVKeyBlending", "OVTangentBlending", "OVSnapshot", "OVResetPose",
-                                       "OVAnimationOffset", "OVTimelineOverlay", "OVMotionTrail", "OVAnimationRecovery", "OVSelectionSet",
+                                       "OVAnimationOffset", "OVTimelineOverlay", "OVTempPivot", "OVMotionTrail", "OVAnimationRecovery", "OVSelectionSet",
                                        "orvane", "OVSelectionSetUi", "OVMirror",
                                        "OVSelectOpposite", "OVXFormWorldSpace", "OVRetiming", "OVTangent", "OVPieMenu", "OVRelationship"));
 }
@@ -150,6 +150,10 @@ const char* const everyTool[] = {
     "OVSelectionSet -h 1 x1E0x1Earms",
     "OVSelectionSet -s 0 x1E0x1Earms",
     "select -r arm_R_ctrl",
+    "OVTempPivot -e true -lastObject body_ctrl arm_L_ctrl",
+    "OVTempPivot -toggleEdit",
+    "setAttr transform1.ry 30",
+    "OVTempPivot -reset",
 };
 
 // The names each register call of the plug-in made and each deregister call

@@ -1,0 +1,320 @@
+// The temporary pivot end to end in the host: where it is placed, how its
+// moves carry the targets, how it follows them, undo, and its file per scene.
+#include "DataFolderTest.h"
+#include "GuiApplication.h"
+
+#include "TempPivot/Manager.h"
+
+#include <maya/M3dView.h>
+#include <maya/MDoubleArray.h>
+#include <maya/MEulerRotation.h>
+#include <maya/MFnTransform.h>
+#include <maya/MGlobal.h>
+#include <maya/MMatrix.h>
+#include <maya/MNodeMessage.h>
+#include <maya/MPlug.h>
+#include <maya/MStringArray.h>
+#include <mayasim/Gui.h>
+#include <mayasim/Host.h>
+
+#include <gmock/gmock.h>
+
+#include <cmath>
+#include <string>
+#include <vector>
+
+using ::testing::DoubleNear;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+
+namespace {
+
+std::vector<double> numbers(const std::string& command)
+{
+    MDoubleArray values;
+    MGlobal::executeCommand(command.c_str(), values);
+    return std::vector<double>(values.begin(), values.end());
+}
+
+MMatrix worldMatrix(const std::string& node)
+{
+    const std::vector<double> v = numbers("getAttr " + node + ".worldMatrix");
+    MMatrix m;
+    if (v.size() == 16)
+        for (unsigned int i = 0; i < 16; ++i)
+            m[i / 4][i % 4] = v[i];
+    return m;
+}
+
+void expectMatrixNear(const MMatrix& actual, const MMatrix& expected, const std::string& what)
+{
+    for (unsigned int i = 0; i < 16; ++i)
+        EXPECT_NEAR(actual[i / 4][i % 4], expected[i / 4][i % 4], 1e-9) << what << ", element " << i;
+}
+
+MPoint worldPivot(const std::string& node)
+{
+    return MFnTransform(nodeNamed(node)).rotatePivot(MSpace::kWorld);
+}
+
+std::string pivotName()
+{
+    MStringArray selected;
+    MGlobal::executeCommand("ls -sl", selected);
+    return selected.length() == 1 ? selected[0].asChar() : std::string();
+}
+
+bool isEnabled()
+{
+    int on = 0;
+    MGlobal::executeCommand("OVTempPivot -isEnabled", on);
+    return on != 0;
+}
+
+} // namespace
+
+class TempPivotTest : public DataFolderTest
+{
+protected:
+    void SetUp() override
+    {
+        DataFolderTest::SetUp();
+        scriptsDir();
+        mayasim::gui::openMainWindow(1000, 600);
+        // A hand under a rotated parent (its own pivot, rotate axis and
+        // order, at 270 degrees in y) and a foot at the top.
+        ASSERT_TRUE(mel("createNode transform -n rig; setAttr rig.t 1 2 3; setAttr rig.r 20 35 -10; "
+                        "createNode transform -n hand -p rig; setAttr hand.t 2 0.5 -1; setAttr hand.r 10 270 5; "
+                        "setAttr hand.rotateOrder 2; setAttr hand.rotatePivot 0.3 -0.2 0.1; "
+                        "setAttr hand.rotateAxis 5 10 0; "
+                        "createNode transform -n foot; setAttr foot.t -3 0 4; setAttr foot.ry 45; select -cl"));
+    }
+    void TearDown() override
+    {
+        mayasim::gui::closeMainWindow();
+        DataFolderTest::TearDown();
+    }
+
+    // Where each target must be after the pivot went from `from` to `to`:
+    // carried rigidly, as a rotation about the pivot carries it.
+    static void expectCarried(const std::vector<std::string>& targets, const std::vector<MMatrix>& before,
+                              const MMatrix& from, const MMatrix& to)
+    {
+        for (size_t i = 0; i < targets.size(); ++i)
+            expectMatrixNear(worldMatrix(targets[i]), before[i] * from.inverse() * to, targets[i]);
+    }
+};
+
+TEST_F(TempPivotTest, PlacesThePivotAtTheFirstOrLastObjectOrTheCentre)
+{
+    const MMatrix hand = worldMatrix("hand");
+    const MPoint handPivot = worldPivot("hand");
+    const MPoint footPivot = worldPivot("foot");
+
+    // No mode: the first object's place and orientation.
+    ASSERT_TRUE(mel("OVTempPivot -e true hand foot"));
+    EXPECT_TRUE(isEnabled());
+    const std::string pivot = pivotName();
+    ASSERT_FALSE(pivot.empty()) << "the pivot alone is selected";
+    MMatrix expected = hand;
+    for (int c = 0; c < 3; ++c)
+        expected[3][c] = handPivot[c];
+    expectMatrixNear(worldMatrix(pivot), expected, "at the first object");
+    EXPECT_EQ(mayasim::host::timeSliderObjects(), (std::vector<std::string>{"hand", "foot"}))
+        << "the time slider shows the targets' keys";
+    EXPECT_FALSE(mel("OVTempPivot -e true foot"));
+    ASSERT_FALSE(reports().empty());
+    EXPECT_THAT(reports().back(), HasSubstr("its already enabled"));
+    ASSERT_TRUE(mel("OVTempPivot -e false"));
+    EXPECT_FALSE(isEnabled());
+    EXPECT_TRUE(nodeNamed(pivot).isNull()) << "the pivot node goes";
+    EXPECT_EQ(mayasim::host::timeSliderObjects(), std::vector<std::string>{}) << "back to the selection";
+
+    ASSERT_TRUE(mel("OVTempPivot -e true -lastObject hand foot"));
+    expected = worldMatrix("foot");
+    for (int c = 0; c < 3; ++c)
+        expected[3][c] = footPivot[c];
+    expectMatrixNear(worldMatrix(pivotName()), expected, "at the last object");
+    ASSERT_TRUE(mel("OVTempPivot -e false"));
+
+    for (const char* mode : {"-center", "-worldSpace"}) {
+        ASSERT_TRUE(mel(std::string("OVTempPivot -e true ") + mode + " hand foot"));
+        expected = MMatrix();
+        for (int c = 0; c < 3; ++c)
+            expected[3][c] = (handPivot[c] + footPivot[c]) / 2;
+        expectMatrixNear(worldMatrix(pivotName()), expected, mode);
+        ASSERT_TRUE(mel("OVTempPivot -e false"));
+    }
+
+    // Bad calls: each with its words, the tool staying off.
+    mayasim::host::clearOutput();
+    EXPECT_FALSE(mel("OVTempPivot hand"));
+    EXPECT_FALSE(mel("OVTempPivot -e true -center -lastObject hand"));
+    EXPECT_FALSE(mel("OVTempPivot -e true -c -ws hand"));
+    ASSERT_TRUE(mel("setKeyframe foot.tx"));
+    int result = 1;
+    ASSERT_TRUE(MGlobal::executeCommand("OVTempPivot -e true foot_translateX", result));
+    EXPECT_EQ(result, 0);
+    ASSERT_TRUE(MGlobal::executeCommand("OVTempPivot -toggleEdit", result));
+    EXPECT_EQ(result, 0) << "off: false, with no message";
+    ASSERT_TRUE(MGlobal::executeCommand("OVTempPivot -reset", result));
+    EXPECT_EQ(result, 0);
+    const std::vector<std::string> blocks = reports();
+    ASSERT_EQ(blocks.size(), 4u);
+    EXPECT_THAT(blocks[0], HasSubstr("need flag -enable"));
+    EXPECT_THAT(blocks[1], HasSubstr("cant use -center -worldSpace -lastObject at the same time"));
+    EXPECT_THAT(blocks[2], HasSubstr("cant use -center -worldSpace -lastObject at the same time"));
+    EXPECT_THAT(blocks[3], HasSubstr("no transfrom/s is selected"));
+    EXPECT_FALSE(isEnabled());
+}
+
+// The pivot's moves carry both targets rigidly, whatever the scene's units.
+class TempPivotUnitsTest : public TempPivotTest, public ::testing::WithParamInterface<const char*>
+{
+};
+
+TEST_P(TempPivotUnitsTest, MovingAndRotatingThePivotCarriesTheTargets)
+{
+    const std::vector<std::string> targets{"hand", "foot"};
+    ASSERT_TRUE(mel(std::string("currentUnit ") + GetParam()));
+    const bool radians = std::string(GetParam()).find("rad") != std::string::npos;
+    const auto angle = [radians](double degrees) {
+        return std::to_string(radians ? degrees * M_PI / 180.0 : degrees);
+    };
+    ASSERT_TRUE(mel("OVTempPivot -e true hand foot"));
+    const std::string pivot = pivotName();
+    // The user puts the pivot's own pivot elsewhere first.
+    MFnTransform(nodeNamed(pivot)).setRotatePivot(MPoint(0.5, -0.25, 1), MSpace::kTransform, true);
+    MFnTransform(nodeNamed(pivot)).setScalePivot(MPoint(0.5, -0.25, 1), MSpace::kTransform, true);
+    mayasim::host::pumpIdle();
+    for (const std::string& move :
+         {"setAttr " + pivot + ".ry " + angle(40), "setAttr " + pivot + ".r " + angle(-15) + " " + angle(60) + " "
+                                                        + angle(25),
+          "setAttr " + pivot + ".t 0.75 -2 1.5", "setAttr " + pivot + ".tx 3"}) {
+        std::vector<MMatrix> before;
+        for (const std::string& target : targets)
+            before.push_back(worldMatrix(target));
+        const MMatrix from = worldMatrix(pivot);
+        const std::vector<double> handRotate = numbers("getAttr hand.r");
+        ASSERT_TRUE(mel(move)) << move;
+        SCOPED_TRACE(move);
+        expectCarried(targets, before, from, worldMatrix(pivot));
+        // The hand's channels move on from where they were: no turn by 360.
+        const std::vector<double> after = numbers("getAttr hand.r");
+        ASSERT_EQ(after.size(), 3u);
+        for (int c = 0; c < 3; ++c)
+            EXPECT_LT(std::abs(after[c] - handRotate[c]), radians ? M_PI / 2 : 90.0) << "channel " << c;
+        mayasim::host::pumpIdle();
+    }
+    EXPECT_THAT(numbers("getAttr hand.rotateAxis"), ElementsAre(DoubleNear(radians ? 5 * M_PI / 180 : 5, 1e-12),
+                                                                DoubleNear(radians ? 10 * M_PI / 180 : 10, 1e-12),
+                                                                0))
+        << "the target keeps its rotate axis";
+    ASSERT_TRUE(mel("OVTempPivot -e false"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Units, TempPivotUnitsTest,
+                         ::testing::Values("-l cm -a deg", "-l m -a deg", "-l mm -a rad", "-l in -a deg"));
+
+namespace {
+
+// A left drag in the top view from a world point, by pixels right and down,
+// as the move tool makes it.
+bool dragInTop(const MPoint& from, int right, int down)
+{
+    M3dView top;
+    if (!M3dView::getM3dViewFromModelPanel("modelPanel1", top))
+        return false;
+    short x = 0, y = 0;
+    top.worldToView(from, x, y);
+    const int fromX = x, fromY = top.portHeight() - y;
+    return MGlobal::executeCommand(("mayasimUi -drag " + std::to_string(fromX) + " " + std::to_string(fromY) + " "
+                                    + std::to_string(fromX + right) + " " + std::to_string(fromY + down)
+                                    + " -steps 3 modelPanel1")
+                                       .c_str(),
+                                   false, true);
+}
+
+// Counts the values set on a node's attributes.
+struct AttributeSets
+{
+    explicit AttributeSets(const std::string& node)
+    {
+        MObject object = nodeNamed(node);
+        id = MNodeMessage::addAttributeChangedCallback(
+            object,
+            [](MNodeMessage::AttributeMessage message, MPlug&, MPlug&, void* data) {
+                if (message & MNodeMessage::kAttributeSet)
+                    ++*static_cast<int*>(data);
+            },
+            &count);
+    }
+    ~AttributeSets() { MMessage::removeCallback(id); }
+    int count = 0;
+    MCallbackId id = 0;
+};
+
+} // namespace
+
+TEST_F(TempPivotTest, ADragOfThePivotIsOneUndoStep)
+{
+    ASSERT_TRUE(mel("OVTempPivot -e true -center hand foot"));
+    const std::string pivot = pivotName();
+    const std::vector<MMatrix> before{worldMatrix("hand"), worldMatrix("foot")};
+    const MMatrix from = worldMatrix(pivot);
+    // Out of edit mode, the move tool moves the pivot itself.
+    ASSERT_TRUE(mel("OVTempPivot -toggleEdit"));
+    expectOneUndoStep([&] {
+        ASSERT_TRUE(dragInTop(worldPivot(pivot), 40, 20));
+        EXPECT_GT((worldPivot(pivot) - MPoint(from[3][0], from[3][1], from[3][2])).length(), 0.5) << "it moved";
+        expectCarried({"hand", "foot"}, before, from, worldMatrix(pivot));
+        mayasim::host::pumpIdle();
+    });
+    // After the undo and redo the pivot takes new matrices at idle, and the
+    // next move carries the targets from where they are.
+    mayasim::host::pumpIdle();
+    const std::vector<MMatrix> now{worldMatrix("hand"), worldMatrix("foot")};
+    const MMatrix at = worldMatrix(pivot);
+    ASSERT_TRUE(mel("setAttr " + pivot + ".rz 30"));
+    expectCarried({"hand", "foot"}, now, at, worldMatrix(pivot));
+    ASSERT_TRUE(mel("OVTempPivot -e false"));
+}
+
+TEST_F(TempPivotTest, FollowsTheTargetsAfterTimeChangesAndKeyEditsOncePerIdle)
+{
+    keyPlug("foot.tx", {{1, -3}, {10, 5}});
+    ASSERT_TRUE(mel("OVTempPivot -e true -lastObject hand foot"));
+    const std::string pivot = pivotName();
+    const MMatrix hand = worldMatrix("hand");
+    ASSERT_TRUE(mel("currentTime 10"));
+    EXPECT_NEAR(worldPivot(pivot).x, -3, 1e-9) << "nothing moves before the idle tick";
+    mayasim::host::pumpIdle();
+    EXPECT_NEAR(worldPivot(pivot).x, 5, 1e-9);
+    ASSERT_TRUE(mel("keyframe -e -t 10 -r -vc 2 foot.tx"));
+    mayasim::host::pumpIdle();
+    EXPECT_NEAR(worldPivot(pivot).x, 7, 1e-9);
+    expectMatrixNear(worldMatrix("hand"), hand, "a follow moves no target");
+
+    // A burst of changes runs one follow: as many sets on the pivot as one change.
+    int single = 0;
+    {
+        AttributeSets sets(pivot);
+        ASSERT_TRUE(mel("currentTime 5"));
+        mayasim::host::pumpIdle();
+        single = sets.count;
+    }
+    ASSERT_GT(single, 0);
+    {
+        AttributeSets sets(pivot);
+        ASSERT_TRUE(mel("currentTime 6; currentTime 7; keyframe -e -t 1 -r -vc 1 foot.tx; currentTime 9"));
+        mayasim::host::pumpIdle();
+        EXPECT_EQ(sets.count, single);
+    }
+    expectMatrixNear(worldMatrix(pivot), worldMatrix("foot"), "the pivot stands on the foot");
+
+    // Selecting a target ends the tool; the target stays selected.
+    ASSERT_TRUE(mel("select foot"));
+    EXPECT_FALSE(isEnabled());
+    EXPECT_TRUE(nodeNamed(pivot).isNull());
+    EXPECT_EQ(pivotName(), "foot");
+}
