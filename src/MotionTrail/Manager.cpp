@@ -230,7 +230,11 @@ void Manager::disableCameraSpace()
     if (fCameraCaches.empty())
         return;
     fCameraCaches.clear();
-    resetPendingWork();
+    // Trails waiting to be filled stay queued: the panel's button sends
+    // this right after making a trail.
+    fPendingCameras.clear();
+    if (fPendingTrails.empty())
+        resetPendingWork();
     fCameraSpaceActive = false;
     M3dView::scheduleRefreshAllViews();
 }

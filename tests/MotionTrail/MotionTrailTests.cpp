@@ -368,6 +368,12 @@ TEST_F(MotionTrailTest, OneSettingPerCallAndReports)
     EXPECT_EQ(MotionTrail::Manager::instance().cameraCacheCount(), 1u); // persp, the one perspective view
     ASSERT_TRUE(mel("OVMotionTrail -cameraSpace 0"));
     EXPECT_FALSE(MotionTrail::Manager::instance().cameraSpaceActive());
+    // Sent right after a trail is made, -cameraSpace 0 leaves it queued.
+    ASSERT_TRUE(mel("OVMotionTrail -deleteAll; OVMotionTrail ball; OVMotionTrail -cameraSpace 1; "
+                    "OVMotionTrail -cameraSpace 0"));
+    EXPECT_EQ(MotionTrail::Manager::instance().cameraCacheCount(), 0u);
+    EXPECT_EQ(fillAll(), 10);
+    EXPECT_THAT(filledFrames("ball", -5, 20), SizeIs(10));
     ASSERT_TRUE(mel("OVMotionTrail -cameraSpace 1; OVMotionTrail -deleteAll; OVMotionTrail -cameraSpace 0"));
     EXPECT_TRUE(MotionTrail::Manager::instance().cameraSpaceActive());
     // With no trail, camera space doesn't start.

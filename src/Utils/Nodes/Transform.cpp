@@ -79,10 +79,10 @@ MPoint TransformReader::pointOf(Kind kind)
     const MPlug plug = attribute(kind);
     if (plug.isNull())
         return MPoint();
-    const MDoubleArray values = childValues(plug);
-    if (values.length() < 3)
+    // Read child by child: a read at every idle tick allocates nothing.
+    if (plug.numChildren() < 3)
         return MPoint();
-    return MPoint(values[0], values[1], values[2]);
+    return MPoint(plug.child(0).asDouble(), plug.child(1).asDouble(), plug.child(2).asDouble());
 }
 
 MMatrix TransformReader::worldMatrix() { return matrixOf(WorldMatrix); }
