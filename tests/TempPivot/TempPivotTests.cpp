@@ -4,6 +4,7 @@
 #include "GuiApplication.h"
 
 #include "TempPivot/Manager.h"
+#include "Utils/File/IO.h"
 
 #include <maya/M3dView.h>
 #include <maya/MDoubleArray.h>
@@ -14,10 +15,20 @@
 #include <maya/MNodeMessage.h>
 #include <maya/MPlug.h>
 #include <maya/MStringArray.h>
+#include <maya/MVector.h>
+#define MNoVersionString // the plug-in emits the version symbols
+#include <maya/MFnPlugin.h>
 #include <mayasim/Gui.h>
 #include <mayasim/Host.h>
 
 #include <gmock/gmock.h>
+
+#include <QCborValue>
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 
 #include <cmath>
 #include <string>
@@ -88,6 +99,8 @@ protected:
                         "setAttr hand.rotateOrder 2; setAttr hand.rotatePivot 0.3 -0.2 0.1; "
                         "setAttr hand.rotateAxis 5 10 0; "
                         "createNode transform -n foot; setAttr foot.t -3 0 4; setAttr foot.ry 45; select -cl"));
+        // The manipulator is tool state, which outlives scenes.
+        ASSERT_TRUE(mel("manipPivot -reset"));
     }
     void TearDown() override
     {
@@ -317,4 +330,132 @@ TEST_F(TempPivotTest, FollowsTheTargetsAfterTimeChangesAndKeyEditsOncePerIdle)
     EXPECT_FALSE(isEnabled());
     EXPECT_TRUE(nodeNamed(pivot).isNull());
     EXPECT_EQ(pivotName(), "foot");
+}
+
+namespace {
+
+QJsonObject readPivots(const QString& path) { return File::IO::readValue(path, File::Format::Cbor).toObject(); }
+
+QJsonValue three(double x, double y, double z) { return QJsonArray{x, y, z}; }
+
+} // namespace
+
+class TempPivotSceneTest : public TempPivotTest
+{
+protected:
+    void SetUp() override
+    {
+        TempPivotTest::SetUp();
+        fScene = workFile(QStringLiteral("shot.ma")).toStdString();
+        ASSERT_TRUE(mel("file -rename \"" + fScene + "\"; file -save"));
+    }
+
+    // The user's pivot: its own pivot point moved and the manipulator turned.
+    void placePivot(const std::string& pivot)
+    {
+        MFnTransform transform(nodeNamed(pivot));
+        transform.setRotatePivot(MPoint(0.5, 1, -2), MSpace::kTransform, true);
+        transform.setScalePivot(MPoint(0.5, 1, -2), MSpace::kTransform, true);
+        ASSERT_TRUE(mel("manipPivot -o 12.7 -30.5 0"));
+        mayasim::host::raiseEvent("DragRelease");
+    }
+
+    std::string fScene;
+};
+
+TEST_F(TempPivotSceneTest, ThePivotComesBackAfterSaveAndReopen)
+{
+    ASSERT_TRUE(mel("OVTempPivot -e true hand foot"));
+    const std::string pivot = pivotName();
+    placePivot(pivot);
+    ASSERT_TRUE(mel("OVTempPivot -e false"));
+    const QString path = TempPivot::Manager::pivotFilePath();
+    ASSERT_FALSE(path.isEmpty());
+    EXPECT_EQ(QFileInfo(path).dir().dirName(), QStringLiteral("TempPivot"));
+    const QJsonObject entry = readPivots(path).value(QString::fromStdString(pivot)).toObject();
+    EXPECT_EQ(entry.value(QStringLiteral("r")), three(0.5, 1, -2));
+    EXPECT_EQ(entry.value(QStringLiteral("m")), three(12.7, -30.5, 0));
+
+    ASSERT_TRUE(mel("file -save; file -f -new; manipPivot -reset"));
+    ASSERT_TRUE(mel("file -f -open \"" + fScene + "\""));
+    ASSERT_TRUE(mel("OVTempPivot -e true hand foot"));
+    ASSERT_EQ(pivotName(), pivot) << "the same default name finds the entry";
+    const MPoint own = MFnTransform(nodeNamed(pivot)).rotatePivot(MSpace::kTransform);
+    EXPECT_THAT(std::vector<double>({own.x, own.y, own.z}), ElementsAre(0.5, 1, -2));
+    EXPECT_THAT(numbers("manipPivot -q -o"), ElementsAre(12, -30, 0)) << "whole degrees, cut toward zero";
+    ASSERT_TRUE(mel("OVTempPivot -e false"));
+}
+
+TEST_F(TempPivotSceneTest, ANewSceneTurnsItOffAndSavesUnderTheOldScene)
+{
+    const size_t callbacks = mayasim::host::callbackCount();
+    ASSERT_TRUE(mel("OVTempPivot -e true -worldSpace hand foot"));
+    const QString path = TempPivot::Manager::pivotFilePath();
+    const std::string pivot = pivotName();
+    placePivot(pivot);
+    ASSERT_TRUE(mel("file -f -new"));
+    EXPECT_FALSE(isEnabled());
+    EXPECT_EQ(mayasim::host::callbackCount(), callbacks) << "every callback of the activation is gone";
+    EXPECT_EQ(mayasim::host::timeSliderObjects(), std::vector<std::string>{});
+    EXPECT_EQ(readPivots(path).value(QString::fromStdString(pivot)).toObject().value(QStringLiteral("r")),
+              three(0.5, 1, -2));
+    EXPECT_TRUE(TempPivot::Manager::pivotFilePath().isEmpty()) << "an untitled scene has no memory of pivots";
+}
+
+TEST_F(TempPivotSceneTest, AMissingOrDamagedFileIsIgnoredAndOtherEntriesStay)
+{
+    ASSERT_TRUE(mel("OVTempPivot -e true hand foot"));
+    const QString path = TempPivot::Manager::pivotFilePath();
+    const std::string pivot = pivotName();
+    ASSERT_TRUE(mel("OVTempPivot -e false"));
+    const QJsonObject other{{QStringLiteral("transform7"),
+                             QJsonObject{{QStringLiteral("r"), three(1, 2, 3)}, {QStringLiteral("m"), three(0, 0, 0)}}}};
+    const std::vector<QByteArray> damaged{
+        QByteArray("\xff\x00garbage", 9),
+        QJsonDocument(QJsonObject{{QString::fromStdString(pivot), QStringLiteral("x")}}).toJson(),
+        QCborValue::fromJsonValue(QJsonObject{{QString::fromStdString(pivot),
+                                               QJsonObject{{QStringLiteral("r"), three(1, 2, 3)},
+                                                           {QStringLiteral("m"), QJsonArray{1, 2}}}}})
+            .toCbor(),
+        QCborValue::fromJsonValue(QJsonArray{1, 2, 3}).toCbor(),
+    };
+    for (const QByteArray& bytes : damaged) {
+        writeBytes(path, bytes);
+        const std::string before = sceneText();
+        ASSERT_TRUE(mel("OVTempPivot -e true hand foot"));
+        const MPoint own = MFnTransform(nodeNamed(pivot)).rotatePivot(MSpace::kTransform);
+        EXPECT_EQ(own, MPoint::origin) << "no entry: the pivot starts at its default";
+        EXPECT_THAT(numbers("manipPivot -q -o"), ElementsAre(0, 0, 0));
+        ASSERT_TRUE(mel("OVTempPivot -e false"));
+        EXPECT_EQ(sceneText(), before) << "the scene is as it was";
+        EXPECT_EQ(readPivots(path).value(QString::fromStdString(pivot)).toObject().value(QStringLiteral("r")),
+                  three(0, 0, 0))
+            << "the next save writes a sound file";
+    }
+    // A sound file keeps the entries of other pivots.
+    ASSERT_TRUE(File::IO::writeValue(other, path, File::Format::Cbor));
+    ASSERT_TRUE(mel("OVTempPivot -e true hand foot"));
+    ASSERT_TRUE(mel("OVTempPivot -e false"));
+    EXPECT_EQ(readPivots(path).value(QStringLiteral("transform7")), other.value(QStringLiteral("transform7")));
+    EXPECT_TRUE(readPivots(path).contains(QString::fromStdString(pivot)));
+    // Without the file the pivot starts at its default too.
+    ASSERT_TRUE(QFile::remove(path));
+    ASSERT_TRUE(mel("OVTempPivot -e true hand foot"));
+    EXPECT_EQ(MFnTransform(nodeNamed(pivot)).rotatePivot(MSpace::kTransform), MPoint::origin);
+    ASSERT_TRUE(mel("OVTempPivot -e false"));
+}
+
+TEST_F(TempPivotTest, UnloadTurnsThePivotOffFirst)
+{
+    const size_t callbacks = mayasim::host::callbackCount();
+    ASSERT_TRUE(mel("OVTempPivot -e true hand foot"));
+    const std::string pivot = pivotName();
+    ASSERT_TRUE(mel("setAttr " + pivot + ".tx 2"));
+    ASSERT_TRUE(mel("unloadPlugin orvane"));
+    EXPECT_TRUE(nodeNamed(pivot).isNull());
+    EXPECT_EQ(mayasim::host::timeSliderObjects(), std::vector<std::string>{});
+    ASSERT_TRUE(mayasim::host::loadLinkedPlugin("orvane", initializePlugin, uninitializePlugin));
+    EXPECT_EQ(mayasim::host::callbackCount(), callbacks) << "nothing of the activation is left";
+    mayasim::host::pumpIdle();
+    EXPECT_FALSE(isEnabled());
 }
