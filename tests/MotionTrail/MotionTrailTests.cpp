@@ -525,4 +525,27 @@ TEST_F(MotionTrailTest, UnloadIsRefusedWhileTrailsExist)
     ASSERT_TRUE(mayasim::host::loadLinkedPlugin("orvane", initializePlugin, uninitializePlugin));
 }
 
+TEST_F(MotionTrailTest, AFailedOverrideRegistrationNamesIt)
+{
+    ASSERT_TRUE(mel("unloadPlugin orvane"));
+    mayasim::host::clearRegistrations();
+    ASSERT_TRUE(mayasim::host::loadLinkedPlugin("orvane", initializePlugin, uninitializePlugin));
+    int at = 0;
+    for (const auto& entry : mayasim::host::registrations()) {
+        ++at;
+        if (entry.call == "registerDrawOverrideCreator")
+            break;
+    }
+    EXPECT_EQ(mayasim::host::registrations()[size_t(at - 1)].name, "drawdb/geometry/MotionTrail");
+    EXPECT_EQ(mayasim::host::registrations()[size_t(at - 2)].name, "OVMotionTrailNode");
+    ASSERT_TRUE(mel("unloadPlugin orvane"));
+    mayasim::host::clearOutput();
+    mayasim::host::failRegistrationAt(at);
+    EXPECT_FALSE(mayasim::host::loadLinkedPlugin("orvane", initializePlugin, uninitializePlugin));
+    ASSERT_THAT(reports(), SizeIs(1));
+    EXPECT_THAT(reports()[0], HasSubstr("Message: Failed to register MotionTrailOverride\n"));
+    EXPECT_THAT(reports()[0], HasSubstr("Function: Register\n"));
+    ASSERT_TRUE(mayasim::host::loadLinkedPlugin("orvane", initializePlugin, uninitializePlugin));
+}
+
 } // namespace
