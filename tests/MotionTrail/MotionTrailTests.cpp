@@ -224,6 +224,19 @@ TEST_F(MotionTrailTest, DrawsTheCachedPointsInViewportPixels)
     ASSERT_TRUE(mel("OVMotionTrail"));
     fillAll();
 
+    // A refresh while the fill runs draws the frames done so far: after 5,
+    // 6 and 4, two segments and the mark.
+    ASSERT_TRUE(mel("OVMotionTrail -deleteAll; OVMotionTrail ball"));
+    for (int tick = 0; tick < 3; ++tick)
+        mayasim::host::pumpIdle();
+    ASSERT_TRUE(mel("refresh -f"));
+    const std::vector<Drawn> partial = drawnIn("modelPanel1");
+    ASSERT_THAT(partial, SizeIs(3));
+    EXPECT_EQ(partial[0].kind, "line2d");
+    EXPECT_EQ(partial[1].kind, "line2d");
+    EXPECT_EQ(partial[2].kind, "circle2d");
+    fillAll();
+
     // Top: orthographic, 30 units across the port, centred on the origin,
     // -Z up on screen: (t - 2, 1, 0) lands at (cx + (t - 2) u, cy).
     {
