@@ -1,4 +1,6 @@
 #pragma once
+#include "Ui/RangeOverlay.h"
+
 #include <maya/MString.h>
 #include <maya/MTime.h>
 
@@ -122,8 +124,6 @@ protected:
     MString presetCommand(const MString& command, int percent);
     // The highlighted range into rangeStart, rangeEnd and rangeShown.
     void queryRange();
-    // The named overlay made if need be, shown over start to end.
-    static void showRangeOverlay(const QString& name, const MTime& start, const MTime& end);
 
     HandleSlider* handle;
     QHBoxLayout* sliderRow;

@@ -26,6 +26,11 @@ protected:
     QAction* addCommandEntry(const QString& text, const MString& command, bool display, bool undo);
     // Ends the menu with "Delete"; each button calls it after its own entries.
     void addDeleteEntry();
+    // Ctrl and Shift both held: the buttons' second action. Either alone is none.
+    static bool ctrlAndShift();
+    // The copy buttons: a press copies (no undo step: the scene is unchanged);
+    // with Ctrl and Shift it pastes what was copied, undoably.
+    void copyOrPasteOnPress(const MString& command);
 
     QMenu* menu;
 };

@@ -1,6 +1,7 @@
 #include "PieMenu/PluginCommands.h"
 
 #include "PieMenu/Manager.h"
+#include "Ui/RangeOverlay.h"
 #include "Utils/File/PluginManager.h"
 
 #include <maya/MGlobal.h>
@@ -20,6 +21,9 @@ namespace {
 
 enum Row
 {
+    // Rows 0 to 6 set tangents, 21 to 25 reset: both act on the highlighted range.
+    LastTangentRow = 6,
+    ResetRow = 21,
     MotionTrailRow = 19,
     MoveKeysLeftRow = 15,
     MoveKeysRightRow = 16,
@@ -140,8 +144,10 @@ void runSlice(const Slice& slice)
         text += QStringLiteral(" -JumpToNewTime");
     if (text.isEmpty())
         return;
-    if (row || slice.commandLanguage == Mel)
-        runMel(text, !(row && row->id == ResetAllRow));
+    if (row && (row->id <= LastTangentRow || (row->id >= ResetRow && row->id <= ResetAllRow)))
+        Ui::runWithRangeOverlay(MString(text.toUtf8().constData()), row->id != ResetAllRow, true);
+    else if (row || slice.commandLanguage == Mel)
+        runMel(text, true);
     else
         MGlobal::executePythonCommand(MString(text.toUtf8().constData()), true, true);
 }

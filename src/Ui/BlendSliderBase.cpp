@@ -275,13 +275,4 @@ void BlendSliderBase::onSliderReleased()
 
 void BlendSliderBase::queryRange() { rangeShown = timeSliderRange(rangeStart, rangeEnd); }
 
-void BlendSliderBase::showRangeOverlay(const QString& name, const MTime& start, const MTime& end)
-{
-    if (!TimelineOverlay::showOverlay(name))
-        return;
-    TimelineOverlay::Operations* overlay = TimelineOverlay::entry(name);
-    overlay->setStartRange(start);
-    overlay->setEndRange(end);
-}
-
 } // namespace Ui

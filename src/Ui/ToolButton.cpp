@@ -2,6 +2,7 @@
 
 #include <maya/MGlobal.h>
 
+#include <QGuiApplication>
 #include <QLayout>
 #include <QMenu>
 #include <QMouseEvent>
@@ -45,6 +46,22 @@ void ToolButton::addDeleteEntry()
             parentWidget()->layout()->removeWidget(this);
         emit uiStateChanged();
         deleteLater();
+    });
+}
+
+bool ToolButton::ctrlAndShift()
+{
+    const Qt::KeyboardModifiers both = Qt::ControlModifier | Qt::ShiftModifier;
+    return (QGuiApplication::keyboardModifiers() & both) == both;
+}
+
+void ToolButton::copyOrPasteOnPress(const MString& command)
+{
+    connect(this, &QPushButton::pressed, this, [command] {
+        if (ctrlAndShift())
+            MGlobal::executeCommand(command + " -paste", true, true);
+        else
+            MGlobal::executeCommand(command, true, false);
     });
 }
 

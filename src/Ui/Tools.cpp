@@ -1,9 +1,16 @@
 #include "Ui/Tools.h"
 
+#include "Ui/AnimationOffsetBtn.h"
+#include "Ui/AnimationRecoveryBtn.h"
 #include "Ui/KeySlider.h"
 #include "Ui/MirrorBtn.h"
+#include "Ui/RelationshipBtn.h"
+#include "Ui/ResetBtn.h"
 #include "Ui/SelectOppositeBtn.h"
+#include "Ui/SelectionSetBtn.h"
+#include "Ui/TangentBtn.h"
 #include "Ui/TangentSlider.h"
+#include "Ui/XFormWorldSpaceBtn.h"
 
 #include <QWidget>
 
@@ -31,6 +38,27 @@ void restoreSlider(QWidget* widget, const QJsonObject& entry)
                                                     entry.value(QStringLiteral("sliderValue")).toInt(0));
 }
 
+void saveTangent(const QWidget* widget, QJsonObject& entry)
+{
+    entry.insert(QStringLiteral("blendType"), static_cast<const TangentBtn*>(widget)->blendType());
+}
+
+void restoreTangent(QWidget* widget, const QJsonObject& entry)
+{
+    static_cast<TangentBtn*>(widget)->setBlendType(entry.value(QStringLiteral("blendType")).toInt(0));
+}
+
+void saveRecovery(const QWidget* widget, QJsonObject& entry)
+{
+    entry.insert(QStringLiteral("recoveryEnabled"), static_cast<const AnimationRecoveryBtn*>(widget)->recoveryEnabled());
+}
+
+// The file decides whether recovery runs once the panel is built.
+void restoreRecovery(QWidget* widget, const QJsonObject& entry)
+{
+    static_cast<AnimationRecoveryBtn*>(widget)->setState(entry.value(QStringLiteral("recoveryEnabled")).toBool(true));
+}
+
 } // namespace
 
 const std::vector<Tool>& tools()
@@ -40,9 +68,22 @@ const std::vector<Tool>& tools()
          restoreSlider},
         {"Tangent Slider", "tangentSlider", 0, true, &TangentSlider::staticMetaObject, make<TangentSlider>,
          saveSlider, restoreSlider},
+        {"Tangent", "tangentBtn", 0, false, &TangentBtn::staticMetaObject, make<TangentBtn>, saveTangent,
+         restoreTangent},
         {"Mirror", "mirrorBtn", 0, false, &MirrorBtn::staticMetaObject, make<MirrorBtn>, nullptr, nullptr},
         {"Select Opposite", "selectOppositeBtn", 0, false, &SelectOppositeBtn::staticMetaObject,
          make<SelectOppositeBtn>, nullptr, nullptr},
+        {"Copy World Space", "xFormWorldSpaceBtn", 0, false, &XFormWorldSpaceBtn::staticMetaObject,
+         make<XFormWorldSpaceBtn>, nullptr, nullptr},
+        {"Copy Relationship", "relationshipBtn", 0, false, &RelationshipBtn::staticMetaObject, make<RelationshipBtn>,
+         nullptr, nullptr},
+        {"Reset", "resetBtn", 1, false, &ResetBtn::staticMetaObject, make<ResetBtn>, nullptr, nullptr},
+        {"Selection Set", "selectionSetBtn", 1, false, &SelectionSetBtn::staticMetaObject, make<SelectionSetBtn>,
+         nullptr, nullptr},
+        {"Animation Offset", "animationOffsetBtn", 1, false, &AnimationOffsetBtn::staticMetaObject,
+         make<AnimationOffsetBtn>, nullptr, nullptr},
+        {"Animation Recovery", "animationRecoveryBtn", 2, false, &AnimationRecoveryBtn::staticMetaObject,
+         make<AnimationRecoveryBtn>, saveRecovery, restoreRecovery},
     };
     return table;
 }

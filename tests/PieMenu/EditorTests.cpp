@@ -134,6 +134,11 @@ TEST_F(PieMenuTest, SlicesRunAsMelPythonKeysOrPluginRows)
     // The row's command, looked up at the run; the text stored beside it is ignored.
     PieMenu::runSlice({QString(), QString(), QStringLiteral("stale"), PieMenu::Mel, 22});
     PieMenu::runSlice({QString(), QString(), QString(), PieMenu::Python, 25});
+    // Reset and tangent rows run once the events of the gesture are handled.
+    for (const auto& command : mayasim::host::sentCommands())
+        EXPECT_NE(command.text.rfind("OVResetPose", 0), 0u) << command.text;
+    QTest::qWait(2);
+    QApplication::processEvents();
     PieMenu::runSlice({QString(), QString(), QString(), PieMenu::Mel, 15});
     writeBytes(QDir(fData).filePath("prefs.json"),
                R"({"widgets": [{"kind": "tangentBtn"}, {"kind": "retimingBtn", "jumpToNewTime": false}]})");
@@ -160,10 +165,17 @@ TEST_F(PieMenuTest, SlicesRunAsMelPythonKeysOrPluginRows)
     for (const PieMenu::PluginCommand& row : PieMenu::pluginCommands()) {
         mayasim::host::clearSentCommands();
         PieMenu::runSlice({QString(), QString(), QString(), PieMenu::Mel, row.id});
-        ASSERT_FALSE(mayasim::host::sentCommands().empty()) << row.id;
+        QTest::qWait(2);
+        QApplication::processEvents();
+        // Leaving out the query of the time slider's highlight.
+        std::vector<std::string> texts;
+        for (const auto& command : mayasim::host::sentCommands())
+            if (command.text.rfind("$tmpVar", 0) != 0 && command.text.rfind("timeControl -q", 0) != 0)
+                texts.push_back(command.text);
+        ASSERT_FALSE(texts.empty()) << row.id;
         // The prefs.json written above turns the jump of rows 15 and 16 off.
         const std::string expected = row.command.toStdString();
-        EXPECT_EQ(mayasim::host::sentCommands().front().text, expected) << row.id;
+        EXPECT_EQ(texts.front(), expected) << row.id;
         if (row.id == 32 || row.id == 33) {
             EXPECT_THAT(sent(), Contains(expected + " -moveUI"));
         }

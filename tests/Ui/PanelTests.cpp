@@ -4,8 +4,13 @@
 #include "FileBytes.h"
 #include <mayasim/Gui.h>
 
+#include "AnimationOffset/Manager.h"
+#include "AnimationRecovery/Manager.h"
+#include "Ui/AnimationRecoveryBtn.h"
 #include "Ui/Main.h"
 #include "Ui/Manager.h"
+#include "Ui/TangentBtn.h"
+#include "Ui/TimelineOverlay/Operations.h"
 #include "Ui/Tools.h"
 #include "Utils/File/PluginManager.h"
 
@@ -26,6 +31,7 @@
 #include <QJsonObject>
 #include <QLabel>
 #include <QMenu>
+#include <QTest>
 #include <QTimer>
 
 using ::testing::ElementsAre;
@@ -74,6 +80,42 @@ std::vector<std::string> storedKinds()
     for (const QJsonValue& entry : document.value("widgets").toArray())
         kinds.push_back(entry.toObject().value("kind").toString().toStdString());
     return kinds;
+}
+
+// The tool commands sent since the last call (the overlays' left out), as
+// "<display> <undo> <text>".
+std::vector<std::string> toolCommands()
+{
+    std::vector<std::string> sent;
+    for (const mayasim::host::SentCommand& command : mayasim::host::sentCommands())
+        if (command.text.rfind("OV", 0) == 0 && command.text.rfind("OVTimelineOverlay", 0) != 0)
+            sent.push_back(std::to_string(command.display) + " " + std::to_string(command.undo) + " " + command.text);
+    mayasim::host::clearSentCommands();
+    return sent;
+}
+
+// What waits on a 1 ms timer has run.
+void runTimers()
+{
+    QTest::qWait(2);
+    QApplication::processEvents();
+}
+
+// Whether the widget has been painted since.
+struct PaintSpy : QObject
+{
+    explicit PaintSpy(QObject* widget) { widget->installEventFilter(this); }
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        seen = seen || event->type() == QEvent::Paint;
+        return false;
+    }
+    bool seen = false;
+};
+
+bool sameIcon(const QIcon& icon, const char* path)
+{
+    return icon.pixmap(30).toImage() == QIcon(QString::fromLatin1(path)).pixmap(30).toImage();
 }
 
 } // namespace
@@ -336,4 +378,204 @@ TEST_F(PanelTest, ALayoutRebuildPutsThePanelBackWithoutHidingIt)
     // After which `orvane` toggles as before.
     toggle();
     EXPECT_FALSE(dock()->isVisible());
+}
+
+class ToolButtonTest : public PanelTest
+{
+protected:
+    void SetUp() override
+    {
+        PanelTest::SetUp();
+        toggle();
+    }
+    void TearDown() override
+    {
+        // No modifier stays held, no mode stays on for the tests that follow.
+        QTest::mouseMove(panel());
+        AnimationOffset::Manager::instance().stop();
+        AnimationRecovery::Manager::instance().disable();
+        PanelTest::TearDown();
+    }
+    // Adds the tool from the panel's menu; the path of the new button.
+    static std::string add(const std::string& entry)
+    {
+        rightPressChoosing(panelPath(), entry, "-at 2 2");
+        return buttonPaths().back();
+    }
+    // A left press and release with the modifiers held ("" for none); the
+    // tool commands sent, after the timers of the press have run.
+    static std::vector<std::string> press(const std::string& path, const std::string& modifiers = "")
+    {
+        const std::string held = modifiers.empty() ? "" : " -mod " + modifiers;
+        mayasim::host::clearSentCommands();
+        EXPECT_TRUE(mel("mayasimUi -press" + held + " \"" + path + "\""));
+        EXPECT_TRUE(mel("mayasimUi -release" + held + " \"" + path + "\""));
+        runTimers();
+        return toolCommands();
+    }
+    // The menu's entries; the command the entry sent.
+    static std::vector<std::string> choose(const std::string& path, const std::string& entry,
+                                           std::vector<std::string>* sent)
+    {
+        mayasim::host::clearSentCommands();
+        const std::vector<std::string> entries = rightPressChoosing(path, entry);
+        runTimers();
+        *sent = toolCommands();
+        return entries;
+    }
+};
+
+TEST_F(ToolButtonTest, CopyButtonsPasteWithCtrlAndShiftTogetherOnly)
+{
+    const std::string world = add("Copy World Space");
+    const std::string relation = add("Copy Relationship");
+    const std::string sets = add("Selection Set");
+    EXPECT_THAT(storedKinds(), ElementsAre("xFormWorldSpaceBtn", "relationshipBtn", "selectionSetBtn"));
+    auto* worldButton = qobject_cast<QPushButton*>(MQtUtil::findControl(world.c_str()));
+    ASSERT_NE(worldButton, nullptr);
+    EXPECT_EQ(worldButton->toolTip(), "copy world space (copy);\nCtrl+Shift+click or right-click for paste");
+    EXPECT_TRUE(sameIcon(worldButton->icon(), ":CopyWorldSpace.png"));
+
+    EXPECT_THAT(press(world), ElementsAre("1 0 OVXFormWorldSpace"));
+    EXPECT_THAT(press(world, "ctrl+shift"), ElementsAre("1 1 OVXFormWorldSpace -paste"));
+    EXPECT_THAT(press(world, "ctrl"), ElementsAre("1 0 OVXFormWorldSpace"));
+    EXPECT_THAT(press(world, "shift"), ElementsAre("1 0 OVXFormWorldSpace"));
+    EXPECT_THAT(press(relation), ElementsAre("1 0 OVRelationship"));
+    EXPECT_THAT(press(relation, "ctrl+shift"), ElementsAre("1 1 OVRelationship -paste"));
+    EXPECT_THAT(press(relation, "ctrl"), ElementsAre("1 0 OVRelationship"));
+    EXPECT_THAT(press(relation, "shift"), ElementsAre("1 0 OVRelationship"));
+    // The strip's command, whatever is held.
+    EXPECT_THAT(press(sets), ElementsAre("0 0 OVSelectionSetUi"));
+    EXPECT_THAT(press(sets, "ctrl+shift"), ElementsAre("0 0 OVSelectionSetUi"));
+
+    std::vector<std::string> sent;
+    EXPECT_THAT(choose(world, "Paste <ctrl+shift>", &sent), ElementsAre("Paste <ctrl+shift>", "---", "Delete"));
+    EXPECT_THAT(sent, ElementsAre("1 1 OVXFormWorldSpace -paste"));
+    EXPECT_THAT(choose(relation, "Paste Relationship <ctrl+shift>", &sent),
+                ElementsAre("Paste Relationship <ctrl+shift>", "---", "Delete"));
+    EXPECT_THAT(sent, ElementsAre("1 1 OVRelationship -paste"));
+    EXPECT_THAT(choose(sets, "Delete", &sent), ElementsAre("Delete"));
+    EXPECT_THAT(storedKinds(), ElementsAre("xFormWorldSpaceBtn", "relationshipBtn"));
+}
+
+TEST_F(ToolButtonTest, ResetAndTangentRunAfterThePressWithTheHighlightMarked)
+{
+    const std::string reset = add("Reset");
+    auto* button = qobject_cast<QPushButton*>(MQtUtil::findControl(reset.c_str()));
+    ASSERT_NE(button, nullptr);
+    EXPECT_EQ(button->toolTip(), "reset");
+    // No highlight: no band, and the command only once the press is handled.
+    QTest::mousePress(button, Qt::LeftButton);
+    EXPECT_TRUE(toolCommands().empty());
+    EXPECT_FALSE(TimelineOverlay::exists("orvane"));
+    runTimers();
+    EXPECT_THAT(toolCommands(), ElementsAre("1 1 OVResetPose"));
+    QTest::mouseRelease(button, Qt::LeftButton);
+
+    // With one: the band is up from the press until the command has run.
+    mayasim::host::setTimeSliderHighlight(5, 10);
+    QTest::mousePress(button, Qt::LeftButton);
+    EXPECT_TRUE(TimelineOverlay::isVisible("orvane"));
+    EXPECT_TRUE(toolCommands().empty());
+    PaintSpy painted(TimelineOverlay::entry("orvane"));
+    runTimers();
+    EXPECT_TRUE(painted.seen);
+    EXPECT_FALSE(TimelineOverlay::exists("orvane"));
+    EXPECT_THAT(toolCommands(), ElementsAre("1 1 OVResetPose"));
+    QTest::mouseRelease(button, Qt::LeftButton);
+
+    EXPECT_THAT(press(reset, "ctrl+shift"), ElementsAre("1 1 OVResetPose -translate -rotate -scale"));
+    EXPECT_THAT(press(reset, "ctrl"), ElementsAre("1 1 OVResetPose"));
+    EXPECT_THAT(press(reset, "shift"), ElementsAre("1 1 OVResetPose"));
+    const std::vector<std::pair<std::string, std::string>> entries = {
+        {"Translate", "1 1 OVResetPose -translate"},
+        {"Rotate", "1 1 OVResetPose -rotate"},
+        {"Scale", "1 1 OVResetPose -scale"},
+        {"Translate Rotate Scale <ctrl+shift", "0 1 OVResetPose -translate -rotate -scale"},
+        {"Snapshot", "0 0 OVSnapshot"},
+        {"Clear Snapshot", "0 0 OVSnapshot -clear"}};
+    std::vector<std::string> sent;
+    for (const auto& [entry, command] : entries) {
+        EXPECT_THAT(choose(reset, entry, &sent),
+                    ElementsAre("Translate", "Rotate", "Scale", "Translate Rotate Scale <ctrl+shift", "---",
+                                "Snapshot", "Clear Snapshot", "---", "Delete"));
+        EXPECT_THAT(sent, ElementsAre(command)) << entry;
+    }
+
+    const std::string tangent = add("Tangent");
+    auto* tangentButton = panel()->findChild<Ui::TangentBtn*>();
+    ASSERT_NE(tangentButton, nullptr);
+    EXPECT_EQ(tangentButton->toolTip(), "Linear");
+    EXPECT_TRUE(sameIcon(tangentButton->icon(), ":/Tangent/linear.png"));
+    EXPECT_THAT(press(tangent), ElementsAre("1 1 OVTangent -blendType 0 -inTangent -outTangent"));
+    EXPECT_THAT(press(tangent, "ctrl+shift"), ElementsAre("1 1 OVTangent -blendType 0 -inTangent -outTangent"));
+    EXPECT_THAT(choose(tangent, "Step", &sent),
+                ElementsAre("Auto", "Linear", "Spline", "Plateau", "Flat", "Clamped", "Step", "---", "In", "Out", "---",
+                            "Delete"));
+    EXPECT_TRUE(sent.empty());
+    EXPECT_EQ(tangentButton->toolTip(), "Step");
+    EXPECT_TRUE(sameIcon(tangentButton->icon(), ":/Tangent/step.png"));
+    choose(tangent, "In", &sent);
+    EXPECT_THAT(press(tangent), ElementsAre("1 1 OVTangent -blendType 6 -outTangent"));
+    choose(tangent, "Out", &sent);
+    EXPECT_THAT(press(tangent), ElementsAre("1 1 OVTangent -blendType 6"));
+    choose(tangent, "Spline", &sent);
+    EXPECT_EQ(tangentButton->toolTip(), "Spline");
+    EXPECT_TRUE(sameIcon(tangentButton->icon(), ":/Tangent/spline.png"));
+    const QJsonArray stored = QJsonDocument::fromJson(readBytes(prefsPath())).object().value("widgets").toArray();
+    EXPECT_EQ(stored.at(1).toObject(), QJsonObject({{"kind", "tangentBtn"}, {"blendType", 4}}));
+}
+
+TEST_F(ToolButtonTest, StoredTangentTypeAndRecoveryStateComeBack)
+{
+    ASSERT_TRUE(writeBytes(prefsPath(), R"({"version": 1, "widgets": [
+        {"kind": "tangentBtn", "blendType": 6}, {"kind": "tangentBtn", "blendType": 99},
+        {"kind": "animationRecoveryBtn", "recoveryEnabled": false}, {"kind": "animationOffsetBtn"}]})"));
+    Ui::Manager::destroy();
+    AnimationRecovery::Manager::instance().enable();
+    toggle();
+    const QList<Ui::TangentBtn*> tangents = panel()->findChildren<Ui::TangentBtn*>();
+    ASSERT_EQ(tangents.size(), 2);
+    EXPECT_EQ(tangents[0]->toolTip(), "Step");
+    EXPECT_TRUE(sameIcon(tangents[0]->icon(), ":/Tangent/step.png"));
+    // No such type: "Auto"'s icon, and its index is sent as it is.
+    EXPECT_EQ(tangents[1]->toolTip(), "");
+    EXPECT_TRUE(sameIcon(tangents[1]->icon(), ":/Tangent/auto.png"));
+
+    // The file turned recovery off.
+    auto* shield = panel()->findChild<Ui::AnimationRecoveryBtn*>();
+    ASSERT_NE(shield, nullptr);
+    EXPECT_FALSE(AnimationRecovery::Manager::instance().enabled());
+    EXPECT_TRUE(sameIcon(shield->icon(), ":/red_shield.png"));
+    EXPECT_EQ(shield->toolTip(), "animation recovery");
+    const std::vector<std::string> buttons = buttonPaths();
+    ASSERT_EQ(buttons.size(), 4u);
+    EXPECT_TRUE(press(buttons[2]).empty());
+    EXPECT_TRUE(AnimationRecovery::Manager::instance().enabled());
+    EXPECT_TRUE(sameIcon(shield->icon(), ":/green_shield.png"));
+    EXPECT_THAT(readBytes(prefsPath()).toStdString(), HasSubstr("\"recoveryEnabled\": true"));
+    press(buttons[2], "ctrl+shift");
+    EXPECT_FALSE(AnimationRecovery::Manager::instance().enabled());
+    EXPECT_TRUE(sameIcon(shield->icon(), ":/red_shield.png"));
+    EXPECT_THAT(readBytes(prefsPath()).toStdString(), HasSubstr("\"recoveryEnabled\": false"));
+    std::vector<std::string> sent;
+    EXPECT_THAT(choose(buttons[2], "Restore", &sent), ElementsAre("Restore", "---", "Delete"));
+    EXPECT_THAT(sent, ElementsAre("0 0 OVAnimationRecovery -restore"));
+
+    // The offset mode by a direct call: on, then off.
+    EXPECT_TRUE(press(buttons[3]).empty());
+    EXPECT_TRUE(AnimationOffset::Manager::instance().isActive());
+    press(buttons[3], "ctrl");
+    EXPECT_FALSE(AnimationOffset::Manager::instance().isActive());
+    EXPECT_THAT(choose(buttons[3], "Delete", &sent), ElementsAre("Delete"));
+
+    // A missing state restores recovery as on; a new shield shows the manager's state.
+    ASSERT_TRUE(writeBytes(prefsPath(), R"({"widgets": [{"kind": "animationRecoveryBtn"}]})"));
+    Ui::Manager::destroy();
+    toggle();
+    EXPECT_TRUE(AnimationRecovery::Manager::instance().enabled());
+    add("Animation Recovery");
+    const QList<Ui::AnimationRecoveryBtn*> shields = panel()->findChildren<Ui::AnimationRecoveryBtn*>();
+    ASSERT_EQ(shields.size(), 2);
+    EXPECT_TRUE(sameIcon(shields[1]->icon(), ":/green_shield.png"));
 }
