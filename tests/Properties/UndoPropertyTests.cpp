@@ -5,12 +5,15 @@
 #include "DataFolderTest.h"
 
 #include "KeyBlending/Data.h"
+#include "Utils/Nodes/SceneId/Manager.h"
 
 #include <maya/MFileIO.h>
 #include <maya/MFnAnimCurve.h>
 #include <maya/MGlobal.h>
 #include <maya/MItDependencyNodes.h>
 #include <maya/MSelectionList.h>
+#include <maya/MStringArray.h>
+#include <mayasim/Host.h>
 
 #include <cmath>
 #include <functional>
@@ -126,6 +129,24 @@ std::string offsetEdit(Random& random)
     return "";
 }
 
+// The temporary pivot as a user drives it: on for some controls, a drag of
+// the pivot in a few moves (one chunk, closed at the next idle), then off.
+std::string pivotDrag(Random& random)
+{
+    if (!MGlobal::executeCommand(("OVTempPivot -e true " + random.some(controls)).c_str(), false, true))
+        return "";
+    MStringArray selected;
+    MGlobal::executeCommand("ls -sl", selected);
+    const std::string pivot = selected.length() == 1 ? selected[0].asChar() : "";
+    static const std::vector<std::string> pivotChannels{".tx", ".ty", ".rx", ".ry", ".rz", ".sx"};
+    for (int moves = random.integer(1, 4); moves > 0 && !pivot.empty(); --moves)
+        MGlobal::executeCommand(
+            ("setAttr " + pivot + random.pick(pivotChannels) + " " + random.number(-2, 2, 0.25)).c_str(), false, true);
+    mayasim::host::pumpIdle();
+    MGlobal::executeCommand("OVTempPivot -e false", false, true);
+    return "";
+}
+
 // The tools of a run. A new tool joins with one row.
 const std::vector<Tool> tools{
     {"select objects", 3, [](Random& r) { return "select -r " + r.some(controls); }},
@@ -192,6 +213,7 @@ const std::vector<Tool> tools{
     {"world-space paste", 2, [](Random&) { return std::string("OVXFormWorldSpace -p"); }},
     {"relationship copy", 1, [](Random& r) { return "OVRelationship " + r.pick(controls) + " " + r.pick(controls); }},
     {"relationship paste", 2, [](Random&) { return std::string("OVRelationship -p"); }},
+    {"temporary pivot drag", 2, pivotDrag},
 };
 
 std::string undoName()
@@ -253,6 +275,9 @@ protected:
         DataFolderTest::SetUp();
         scriptsDir(); // snapshots land in this test's own data folder
         ASSERT_TRUE(MFileIO::open(ORVANE_TEST_DATA "/rig.ma", nullptr, true));
+        // The scene's identity, which the first tool that needs it would
+        // make outside the undo queue.
+        ASSERT_FALSE(SceneId::manager().findOrCreateNode().isNull());
     }
 };
 

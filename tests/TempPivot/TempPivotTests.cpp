@@ -408,8 +408,8 @@ TEST_F(TempPivotSceneTest, AMissingOrDamagedFileIsIgnoredAndOtherEntriesStay)
     const QString path = TempPivot::Manager::pivotFilePath();
     const std::string pivot = pivotName();
     ASSERT_TRUE(mel("OVTempPivot -e false"));
-    const QJsonObject other{{QStringLiteral("transform7"),
-                             QJsonObject{{QStringLiteral("r"), three(1, 2, 3)}, {QStringLiteral("m"), three(0, 0, 0)}}}};
+    const QJsonObject otherEntry{{QStringLiteral("r"), three(1, 2, 3)}, {QStringLiteral("m"), three(0, 0, 0)}};
+    const QJsonObject other{{QStringLiteral("transform7"), otherEntry}};
     const std::vector<QByteArray> damaged{
         QByteArray("\xff\x00garbage", 9),
         QJsonDocument(QJsonObject{{QString::fromStdString(pivot), QStringLiteral("x")}}).toJson(),
