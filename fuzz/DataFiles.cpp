@@ -41,12 +41,16 @@ const DataFile dataFiles[] = {
     // The panel reads its file when it is built: at its first opening, and
     // when Maya rebuilds its control.
     {"prefs.json", "orvane; mayasimUi -rebuild ORVANE_WORKSPACE_CONTROL"},
+    // The temporary pivot reads its scene's file as it is turned on, and
+    // again as it saves when turned off.
+    {"TempPivot/1", "OVTempPivot -e true body_ctrl arm_L_ctrl; OVTempPivot -e false"},
 };
 
 // MEL that makes the plug-in write its data files on the rig, each valid:
 // what each input starts from. A new writer joins here.
 const char* const writers = "OVSnapshot; OVAnimationRecovery -enable true; setKeyframe -t 30 -v 2 body_ctrl.tx; "
-                            "animLayer L1; animLayer -e -attribute arm_L_ctrl.rz L1";
+                            "animLayer L1; animLayer -e -attribute arm_L_ctrl.rz L1; "
+                            "OVTempPivot -e true body_ctrl; OVTempPivot -e false";
 
 void openRig()
 {
