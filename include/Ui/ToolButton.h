@@ -7,6 +7,10 @@ class QMenu;
 
 namespace Ui {
 
+// Ends a panel widget's menu with "Delete", which takes the widget out of
+// the row, has the row saved without it (its uiStateChanged) and deletes it.
+void addSlotDeleteEntry(QMenu* menu, QWidget* slot);
+
 // What every tool button of the panel shares: a flat 30 by 30 icon, a main
 // job on the left press, and its own menu on the right press, whose last
 // entry "Delete" takes the button out of the panel.

@@ -38,16 +38,19 @@ QAction* ToolButton::addCommandEntry(const QString& text, const MString& command
     return action;
 }
 
-void ToolButton::addDeleteEntry()
+void addSlotDeleteEntry(QMenu* menu, QWidget* slot)
 {
-    connect(menu->addAction(QStringLiteral("Delete")), &QAction::triggered, this, [this] {
+    QObject::connect(menu->addAction(QStringLiteral("Delete")), &QAction::triggered, slot, [slot] {
         // Out of the row first, so that the save that follows leaves it out.
-        if (parentWidget() && parentWidget()->layout())
-            parentWidget()->layout()->removeWidget(this);
-        emit uiStateChanged();
-        deleteLater();
+        if (slot->parentWidget() && slot->parentWidget()->layout())
+            slot->parentWidget()->layout()->removeWidget(slot);
+        // Every panel widget has this signal.
+        QMetaObject::invokeMethod(slot, "uiStateChanged");
+        slot->deleteLater();
     });
 }
+
+void ToolButton::addDeleteEntry() { addSlotDeleteEntry(menu, this); }
 
 bool ToolButton::ctrlAndShift()
 {

@@ -6,6 +6,7 @@
 #include "Ui/MirrorBtn.h"
 #include "Ui/RelationshipBtn.h"
 #include "Ui/ResetBtn.h"
+#include "Ui/RetimingBtn.h"
 #include "Ui/SelectOppositeBtn.h"
 #include "Ui/SelectionSetBtn.h"
 #include "Ui/TangentBtn.h"
@@ -59,6 +60,21 @@ void restoreRecovery(QWidget* widget, const QJsonObject& entry)
     static_cast<AnimationRecoveryBtn*>(widget)->setState(entry.value(QStringLiteral("recoveryEnabled")).toBool(true));
 }
 
+void saveRetiming(const QWidget* widget, QJsonObject& entry)
+{
+    const auto* retiming = static_cast<const RetimingBtn*>(widget);
+    entry.insert(QStringLiteral("retimeType"), retiming->retimeType());
+    entry.insert(QStringLiteral("retimeValue"), retiming->retimeValue());
+    entry.insert(QStringLiteral("jumpToNewTime"), retiming->jumpToNewTime());
+}
+
+void restoreRetiming(QWidget* widget, const QJsonObject& entry)
+{
+    static_cast<RetimingBtn*>(widget)->setState(entry.value(QStringLiteral("retimeType")).toInt(0),
+                                                entry.value(QStringLiteral("retimeValue")).toInt(1),
+                                                entry.value(QStringLiteral("jumpToNewTime")).toBool(true));
+}
+
 } // namespace
 
 const std::vector<Tool>& tools()
@@ -73,6 +89,8 @@ const std::vector<Tool>& tools()
         {"Mirror", "mirrorBtn", 0, false, &MirrorBtn::staticMetaObject, make<MirrorBtn>, nullptr, nullptr},
         {"Select Opposite", "selectOppositeBtn", 0, false, &SelectOppositeBtn::staticMetaObject,
          make<SelectOppositeBtn>, nullptr, nullptr},
+        {"Retiming", "retimingBtn", 0, false, &RetimingBtn::staticMetaObject, make<RetimingBtn>, saveRetiming,
+         restoreRetiming},
         {"Copy World Space", "xFormWorldSpaceBtn", 0, false, &XFormWorldSpaceBtn::staticMetaObject,
          make<XFormWorldSpaceBtn>, nullptr, nullptr},
         {"Copy Relationship", "relationshipBtn", 0, false, &RelationshipBtn::staticMetaObject, make<RelationshipBtn>,

@@ -9,6 +9,7 @@
 #include "Ui/AnimationRecoveryBtn.h"
 #include "Ui/Main.h"
 #include "Ui/Manager.h"
+#include "Ui/RetimingBtn.h"
 #include "Ui/TangentBtn.h"
 #include "Ui/TimelineOverlay/Operations.h"
 #include "Ui/Tools.h"
@@ -31,6 +32,8 @@
 #include <QJsonObject>
 #include <QLabel>
 #include <QMenu>
+#include <QPushButton>
+#include <QSpinBox>
 #include <QTest>
 #include <QTimer>
 
@@ -578,4 +581,104 @@ TEST_F(ToolButtonTest, StoredTangentTypeAndRecoveryStateComeBack)
     const QList<Ui::AnimationRecoveryBtn*> shields = panel()->findChildren<Ui::AnimationRecoveryBtn*>();
     ASSERT_EQ(shields.size(), 2);
     EXPECT_TRUE(sameIcon(shields[1]->icon(), ":/green_shield.png"));
+}
+
+TEST_F(ToolButtonTest, RetimingArrowsSendTheValueTheTypeAndTheJump)
+{
+    const std::string path = add("Retiming");
+    auto* retiming = panel()->findChild<Ui::RetimingBtn*>();
+    ASSERT_NE(retiming, nullptr);
+    const QList<QPushButton*> arrows = retiming->findChildren<QPushButton*>();
+    auto* box = retiming->findChild<QSpinBox*>();
+    ASSERT_EQ(arrows.size(), 2);
+    ASSERT_NE(box, nullptr);
+    EXPECT_EQ(arrows[0]->toolTip(), "Retiming backward (negative value)");
+    EXPECT_TRUE(sameIcon(arrows[0]->icon(), ":left_arrow.png"));
+    EXPECT_EQ(arrows[1]->toolTip(), "Retiming forward (positive value)");
+    EXPECT_TRUE(sameIcon(arrows[1]->icon(), ":right_arrow.png"));
+    EXPECT_EQ(retiming->toolTip(), QString::fromUtf8("Retime: Move keys — 1\nJump to new time: on"));
+
+    // A click, not a press; the command once the click is handled.
+    mayasim::host::clearSentCommands();
+    QTest::mousePress(arrows[1], Qt::LeftButton);
+    runTimers();
+    EXPECT_TRUE(toolCommands().empty());
+    QTest::mouseRelease(arrows[1], Qt::LeftButton);
+    EXPECT_TRUE(toolCommands().empty());
+    runTimers();
+    EXPECT_THAT(toolCommands(), ElementsAre("1 1 OVRetiming -value 1 -retimeType 0 -JumpToNewTime"));
+
+    // The box grows with the number and never goes under 1.
+    const int narrow = box->width();
+    box->setFocus();
+    QTest::keyClick(box, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(box, "123456");
+    EXPECT_EQ(box->value(), 123456);
+    EXPECT_GT(box->width(), narrow);
+    EXPECT_EQ(box->width(), 12 + box->fontMetrics().horizontalAdvance("123456"));
+    QTest::keyClick(box, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(box, "3");
+    EXPECT_EQ(box->width(), 12 + box->fontMetrics().horizontalAdvance("3"));
+    QTest::keyClick(box, Qt::Key_Down);
+    QTest::keyClick(box, Qt::Key_Down);
+    QTest::keyClick(box, Qt::Key_Down);
+    EXPECT_EQ(box->value(), 1);
+    QTest::keyClick(box, Qt::Key_Up);
+    QTest::keyClick(box, Qt::Key_Up);
+    EXPECT_EQ(box->value(), 3);
+    QTest::mouseClick(arrows[0], Qt::LeftButton);
+    runTimers();
+    EXPECT_THAT(toolCommands(), ElementsAre("1 1 OVRetiming -value -3 -retimeType 0 -JumpToNewTime"));
+
+    // Each type from the menu, opened on the widget or on the number box.
+    const std::vector<std::string> menu = {
+        "Move keys", "Move keys (all keys on selected objects)", "Move keys (all keys in scene)", "---",
+        "Insert inbetween", "Insert inbetween (all keys on selected objects)", "Insert inbetween (all keys in scene)",
+        "---", "Fixed Number of Inbetweens", "---", "Jump to new time", "---", "Delete"};
+    const QPoint onBox = box->geometry().center();
+    const std::string atBox = "-at " + std::to_string(onBox.x()) + " " + std::to_string(onBox.y());
+    for (int type = 0; type < 7; ++type) {
+        const std::string entry = menu[type + type / 3];
+        EXPECT_EQ(rightPressChoosing(path, entry, type % 2 ? atBox : ""), menu) << entry;
+        EXPECT_EQ(retiming->retimeType(), type);
+        QTest::mouseClick(arrows[1], Qt::LeftButton);
+        runTimers();
+        EXPECT_THAT(toolCommands(), ElementsAre("1 1 OVRetiming -value 3 -retimeType " + std::to_string(type)
+                                                + " -JumpToNewTime"));
+    }
+    EXPECT_EQ(retiming->toolTip(), QString::fromUtf8("Retime: Fixed Number of Inbetweens — 3\nJump to new time: on"));
+    rightPressChoosing(path, "Jump to new time");
+    EXPECT_EQ(retiming->toolTip(), QString::fromUtf8("Retime: Fixed Number of Inbetweens — 3"));
+    QTest::mouseClick(arrows[0], Qt::LeftButton);
+    runTimers();
+    EXPECT_THAT(toolCommands(), ElementsAre("1 1 OVRetiming -value -3 -retimeType 6"));
+    const QJsonArray stored = QJsonDocument::fromJson(readBytes(prefsPath())).object().value("widgets").toArray();
+    EXPECT_EQ(stored.at(0).toObject(), QJsonObject({{"kind", "retimingBtn"}, {"retimeType", 6}, {"retimeValue", 3},
+                                                    {"jumpToNewTime", false}}));
+}
+
+TEST_F(ToolButtonTest, RetimingRestoresWithinItsRanges)
+{
+    ASSERT_TRUE(writeBytes(prefsPath(), R"({"version": 1, "widgets": [
+        {"kind": "retimingBtn", "retimeType": 9, "retimeValue": -5},
+        {"kind": "retimingBtn", "retimeType": -2, "retimeValue": 40, "jumpToNewTime": false},
+        {"kind": "retimingBtn"}]})"));
+    Ui::Manager::destroy();
+    toggle();
+    const QList<Ui::RetimingBtn*> widgets = panel()->findChildren<Ui::RetimingBtn*>();
+    ASSERT_EQ(widgets.size(), 3);
+    const auto state = [](const Ui::RetimingBtn* widget) {
+        return std::make_tuple(widget->retimeType(), widget->retimeValue(), widget->jumpToNewTime());
+    };
+    EXPECT_EQ(state(widgets[0]), std::make_tuple(6, 1, true));
+    EXPECT_EQ(state(widgets[1]), std::make_tuple(0, 40, false));
+    EXPECT_EQ(state(widgets[2]), std::make_tuple(0, 1, true));
+    EXPECT_EQ(widgets[1]->toolTip(), QString::fromUtf8("Retime: Move keys — 40"));
+    auto* box = widgets[1]->findChild<QSpinBox*>();
+    EXPECT_EQ(box->width(), 12 + box->fontMetrics().horizontalAdvance("40"));
+    // The menu's check follows the restored type.
+    rightPressChoosing(buttonPaths().at(0), "Jump to new time");
+    EXPECT_FALSE(widgets[0]->jumpToNewTime());
+    for (QAction* action : widgets[0]->findChild<QMenu*>()->actions())
+        EXPECT_EQ(action->isChecked(), action->text() == "Fixed Number of Inbetweens") << action->text().toStdString();
 }
