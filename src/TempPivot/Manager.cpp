@@ -249,6 +249,10 @@ void Manager::createPivotObject()
     } else {
         centerOnTargets();
     }
+    // The orientation found is what the next save writes back, unless a drag
+    // turns the manipulator first.
+    for (int i = 0; i < 3; ++i)
+        fPivotOrientation[i] = orientation[i];
     MGlobal::selectByName(partialPathName(fPivot.object()), MGlobal::kReplaceList);
     inEditMode();
     if (orientation[0] != 0.0 || orientation[1] != 0.0 || orientation[2] != 0.0)
@@ -292,9 +296,13 @@ void Manager::followTargets()
     removeAttributeCallback();
     if (!pivotAlive())
         return;
-    if (fCenterMode)
+    // Targets deleted meanwhile are left behind; the pivot stays put without any.
+    fTargets.erase(std::remove_if(fTargets.begin(), fTargets.end(),
+                                  [](const PivotTarget& target) { return !isValidObject(target.object.object()); }),
+                   fTargets.end());
+    if (fCenterMode && !fTargets.empty())
         centerOnTargets();
-    else if (!fWorldSpaceMode)
+    else if (!fCenterMode && !fWorldSpaceMode && !fTargets.empty())
         alignToTarget();
     storeRelativeMatrices();
     MObject node = fPivot.object();

@@ -384,6 +384,14 @@ TEST_F(TempPivotSceneTest, ThePivotComesBackAfterSaveAndReopen)
     EXPECT_THAT(std::vector<double>({own.x, own.y, own.z}), ElementsAre(0.5, 1, -2));
     EXPECT_THAT(numbers("manipPivot -q -o"), ElementsAre(12, -30, 0)) << "whole degrees, cut toward zero";
     ASSERT_TRUE(mel("OVTempPivot -e false"));
+    // Turned on in another scene with the manipulator turned otherwise, then
+    // here again without a drag, it keeps the orientation it found here.
+    ASSERT_TRUE(mel("file -f -new; createNode transform -n other; OVTempPivot -e true other; manipPivot -o 1 2 3"));
+    mayasim::host::raiseEvent("DragRelease");
+    ASSERT_TRUE(mel("OVTempPivot -e false; file -f -open \"" + fScene + "\""));
+    ASSERT_TRUE(mel("OVTempPivot -e true hand foot; OVTempPivot -e false"));
+    EXPECT_EQ(readPivots(path).value(QString::fromStdString(pivot)).toObject().value(QStringLiteral("m")),
+              three(12.7, -30.5, 0));
 }
 
 TEST_F(TempPivotSceneTest, ANewSceneTurnsItOffAndSavesUnderTheOldScene)
@@ -458,4 +466,23 @@ TEST_F(TempPivotTest, UnloadTurnsThePivotOffFirst)
     EXPECT_EQ(mayasim::host::callbackCount(), callbacks) << "nothing of the activation is left";
     mayasim::host::pumpIdle();
     EXPECT_FALSE(isEnabled());
+}
+
+TEST_F(TempPivotTest, ADeletedTargetIsLeftBehind)
+{
+    ASSERT_TRUE(mel("OVTempPivot -e true foot hand"));
+    const std::string pivot = pivotName();
+    ASSERT_TRUE(mel("delete foot; currentTime 4"));
+    mayasim::host::pumpIdle();
+    EXPECT_TRUE(isEnabled()) << "the pivot alone is still selected";
+    const MPoint handPivot = worldPivot("hand");
+    EXPECT_NEAR(worldPivot(pivot).distanceTo(handPivot), 0, 1e-9) << "it follows the first target left";
+    const MMatrix hand = worldMatrix("hand");
+    const MMatrix from = worldMatrix(pivot);
+    ASSERT_TRUE(mel("setAttr " + pivot + ".rx 20"));
+    expectCarried({"hand"}, {hand}, from, worldMatrix(pivot));
+    ASSERT_TRUE(mel("delete hand; currentTime 5"));
+    mayasim::host::pumpIdle();
+    ASSERT_TRUE(mel("setAttr " + pivot + ".ty 1"));
+    EXPECT_TRUE(mel("OVTempPivot -e false"));
 }
