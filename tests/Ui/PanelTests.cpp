@@ -682,3 +682,16 @@ TEST_F(ToolButtonTest, RetimingRestoresWithinItsRanges)
     for (QAction* action : widgets[0]->findChild<QMenu*>()->actions())
         EXPECT_EQ(action->isChecked(), action->text() == "Fixed Number of Inbetweens") << action->text().toStdString();
 }
+
+TEST_F(ToolButtonTest, EveryToolOfTheMenuJoinsTheRow)
+{
+    dock()->resize(900, 80);
+    std::vector<std::string> kinds;
+    for (const Ui::Tool& tool : Ui::tools()) {
+        rightPressChoosing(panelPath(), tool.menuText, "-at 2 2");
+        kinds.insert(tool.atFront ? kinds.begin() : kinds.end(), tool.kind);
+    }
+    EXPECT_EQ(storedKinds(), kinds);
+    QApplication::processEvents();
+    ASSERT_TRUE(mel(std::string("mayasimUi -screenshot \"" ORVANE_BINARY_DIR "/panel-full.png\" ") + Control));
+}
