@@ -2,11 +2,11 @@
 // moves carry the targets, how it follows them, undo, and its file per scene.
 #include "DataFolderTest.h"
 #include "GuiApplication.h"
+#include "TopViewDrag.h"
 
 #include "TempPivot/Manager.h"
 #include "Utils/File/IO.h"
 
-#include <maya/M3dView.h>
 #include <maya/MDoubleArray.h>
 #include <maya/MEulerRotation.h>
 #include <maya/MFnTransform.h>
@@ -230,23 +230,6 @@ INSTANTIATE_TEST_SUITE_P(Units, TempPivotUnitsTest,
                          ::testing::Values("-l cm -a deg", "-l m -a deg", "-l mm -a rad", "-l in -a deg"));
 
 namespace {
-
-// A left drag in the top view from a world point, by pixels right and down,
-// as the move tool makes it.
-bool dragInTop(const MPoint& from, int right, int down)
-{
-    M3dView top;
-    if (!M3dView::getM3dViewFromModelPanel("modelPanel1", top))
-        return false;
-    short x = 0, y = 0;
-    top.worldToView(from, x, y);
-    const int fromX = x, fromY = top.portHeight() - y;
-    return MGlobal::executeCommand(("mayasimUi -drag " + std::to_string(fromX) + " " + std::to_string(fromY) + " "
-                                    + std::to_string(fromX + right) + " " + std::to_string(fromY + down)
-                                    + " -steps 3 modelPanel1")
-                                       .c_str(),
-                                   false, true);
-}
 
 // Counts the values set on a node's attributes.
 struct AttributeSets

@@ -1,6 +1,7 @@
 // The move tool in the views: manipPivot, ctxEditMode, drags as one undo
 // step and the "DragRelease" event.
 #include "GuiTest.h"
+#include "TopViewDrag.h"
 
 #include <maya/M3dView.h>
 #include <maya/MPoint.h>
@@ -12,22 +13,6 @@ using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 
 namespace {
-
-// A left drag in the top view from a world point, by pixels right and down.
-bool dragInTop(const MPoint& from, int right, int down)
-{
-    M3dView top;
-    if (!M3dView::getM3dViewFromModelPanel("modelPanel1", top))
-        return false;
-    short x = 0, y = 0;
-    top.worldToView(from, x, y);
-    const int fromX = x, fromY = top.portHeight() - y;
-    return MGlobal::executeCommand(("mayasimUi -drag " + std::to_string(fromX) + " " + std::to_string(fromY) + " " +
-                                    std::to_string(fromX + right) + " " + std::to_string(fromY + down) +
-                                    " -steps 3 modelPanel1")
-                                       .c_str(),
-                                   false, true);
-}
 
 double topPixelsPerUnit()
 {
