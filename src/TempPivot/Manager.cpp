@@ -285,7 +285,12 @@ void Manager::storeRelativeMatrices()
 {
     if (!pivotAlive())
         return;
-    const MMatrix inverse = fPivot.worldMatrix().inverse();
+    // A pivot scaled to nothing has no inverse: the matrices taken before
+    // stay, so that scaling it back brings the targets back.
+    const MMatrix pivotMatrix = fPivot.worldMatrix();
+    if (!(std::abs(pivotMatrix.det4x4()) > 1e-12))
+        return;
+    const MMatrix inverse = pivotMatrix.inverse();
     for (PivotTarget& target : fTargets)
         if (isValidObject(target.object.object()))
             target.relativeMatrix = target.object.worldMatrix() * inverse;

@@ -469,3 +469,29 @@ TEST_F(TempPivotTest, ADeletedTargetIsLeftBehind)
     ASSERT_TRUE(mel("setAttr " + pivot + ".ty 1"));
     EXPECT_TRUE(mel("OVTempPivot -e false"));
 }
+
+TEST_F(TempPivotTest, APivotScaledToNothingOrFlungAwayLosesNothing)
+{
+    // In world space a time change takes the matrices anew where the pivot
+    // stands; flattened, it keeps those it had.
+    ASSERT_TRUE(mel("OVTempPivot -e true -worldSpace hand foot"));
+    const std::string pivot = pivotName();
+    const MMatrix hand = worldMatrix("hand");
+    ASSERT_TRUE(mel("setAttr " + pivot + ".sx 0; currentTime 2"));
+    mayasim::host::pumpIdle();
+    ASSERT_TRUE(mel("setAttr " + pivot + ".sx 1"));
+    mayasim::host::pumpIdle();
+    expectMatrixNear(worldMatrix("hand"), hand, "scaled back, the hand is back");
+
+    // A move that takes a target beyond the double range writes nothing of
+    // it and says so.
+    mayasim::host::clearOutput();
+    ASSERT_TRUE(mel("setAttr " + pivot + ".t 1.7e308 1.7e308 1.7e308"));
+    mayasim::host::pumpIdle();
+    const std::string text = sceneText();
+    EXPECT_EQ(text.find("nan"), std::string::npos) << text;
+    EXPECT_EQ(text.find("inf"), std::string::npos) << text;
+    ASSERT_FALSE(reports().empty());
+    EXPECT_THAT(reports().front(), HasSubstr("cannot move hand: its position is not a finite number"));
+    ASSERT_TRUE(mel("OVTempPivot -e false"));
+}
