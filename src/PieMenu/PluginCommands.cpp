@@ -1,6 +1,7 @@
 #include "PieMenu/PluginCommands.h"
 
 #include "PieMenu/Manager.h"
+#include "Ui/MotionTrailBtn.h"
 #include "Ui/RangeOverlay.h"
 #include "Utils/File/PluginManager.h"
 
@@ -137,6 +138,11 @@ void runSlice(const Slice& slice)
         // The panel comes up under the mouse.
         runMel(row->command, true);
         runMel(row->command + QStringLiteral(" -moveUI"), true);
+        return;
+    }
+    if (row && row->id == MotionTrailRow) {
+        // The trail looks like one made from the panel's button.
+        Ui::applyTrailStyle(Ui::readTrailStyle());
         return;
     }
     QString text = row ? row->command : slice.commandText.trimmed();

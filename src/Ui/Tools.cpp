@@ -4,6 +4,7 @@
 #include "Ui/AnimationRecoveryBtn.h"
 #include "Ui/KeySlider.h"
 #include "Ui/MirrorBtn.h"
+#include "Ui/MotionTrailBtn.h"
 #include "Ui/RelationshipBtn.h"
 #include "Ui/ResetBtn.h"
 #include "Ui/RetimingBtn.h"
@@ -95,6 +96,8 @@ const std::vector<Tool>& tools()
          make<XFormWorldSpaceBtn>, nullptr, nullptr},
         {"Copy Relationship", "relationshipBtn", 0, false, &RelationshipBtn::staticMetaObject, make<RelationshipBtn>,
          nullptr, nullptr},
+        {"Motion Trail", "motionTrailBtn", 1, false, &MotionTrailBtn::staticMetaObject, make<MotionTrailBtn>, nullptr,
+         nullptr},
         {"Reset", "resetBtn", 1, false, &ResetBtn::staticMetaObject, make<ResetBtn>, nullptr, nullptr},
         {"Selection Set", "selectionSetBtn", 1, false, &SelectionSetBtn::staticMetaObject, make<SelectionSetBtn>,
          nullptr, nullptr},

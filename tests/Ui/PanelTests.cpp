@@ -86,13 +86,14 @@ std::vector<std::string> storedKinds()
 }
 
 // The tool commands sent since the last call (the overlays' left out), as
-// "<display> <undo> <text>".
+// "<display> <undo> [idle] <text>".
 std::vector<std::string> toolCommands()
 {
     std::vector<std::string> sent;
     for (const mayasim::host::SentCommand& command : mayasim::host::sentCommands())
         if (command.text.rfind("OV", 0) == 0 && command.text.rfind("OVTimelineOverlay", 0) != 0)
-            sent.push_back(std::to_string(command.display) + " " + std::to_string(command.undo) + " " + command.text);
+            sent.push_back(std::to_string(command.display) + " " + std::to_string(command.undo)
+                           + (command.onIdle ? " idle " : " ") + command.text);
     mayasim::host::clearSentCommands();
     return sent;
 }
@@ -694,4 +695,69 @@ TEST_F(ToolButtonTest, EveryToolOfTheMenuJoinsTheRow)
     EXPECT_EQ(storedKinds(), kinds);
     QApplication::processEvents();
     ASSERT_TRUE(mel(std::string("mayasimUi -screenshot \"" ORVANE_BINARY_DIR "/panel-full.png\" ") + Control));
+}
+
+TEST_F(ToolButtonTest, MotionTrailButtonStylesTrailsAndKeepsTheStyle)
+{
+    const QString stylePath = File::PluginManager::pluginFilePath(QStringLiteral("motionTrail_prefs.json"));
+    const std::string path = add("Motion Trail");
+    std::vector<std::string> sent;
+    const std::vector<std::string> menu = {
+        "Camera Space Mode", "---", "Show Line", "Solid Line", "Dash Line", "Main Line Color", "Secondary Line Color",
+        "Line Size", "---", "Show Points", "Squares Points", "Circles Points", "Points Color", "Points Size", "---",
+        "Show Current Frame", "Current Frame Color", "Current Frame Size", "Transparency Falloff", "---",
+        "Remove All<Ctrl+Shift>", "---", "Delete"};
+    // The line can't go while the points are off: the entry snaps back on.
+    // Sent for Maya's idle time.
+    EXPECT_EQ(choose(path, "Show Line", &sent), menu);
+    EXPECT_THAT(sent, ElementsAre("0 1 idle OVMotionTrail -showLine true"));
+    QMenu* own = MQtUtil::findControl(path.c_str())->findChild<QMenu*>();
+    ASSERT_NE(own, nullptr);
+    EXPECT_TRUE(own->isTearOffEnabled());
+    EXPECT_TRUE(own->actions()[2]->isChecked());
+    const auto chosen = [&](const std::string& entry) {
+        choose(path, entry, &sent);
+        return sent;
+    };
+    EXPECT_THAT(chosen("Show Points"), ElementsAre("0 1 idle OVMotionTrail -showPoints 1"));
+    EXPECT_THAT(chosen("Show Line"), ElementsAre("0 1 idle OVMotionTrail -showLine 0"));
+    EXPECT_THAT(chosen("Circles Points"), ElementsAre("0 1 idle OVMotionTrail -pointsStyle true"));
+    // A colour answered, one cancelled (nothing sent, nothing written), a size.
+    ASSERT_TRUE(mel("mayasimUi -dialog \"OK\" -value \"0 1 0.5\""));
+    EXPECT_THAT(chosen("Main Line Color"), ElementsAre("0 1 idle OVMotionTrail -mainLineColor 0 1 0.5019607843137255"));
+    const QByteArray written = readBytes(stylePath);
+    ASSERT_TRUE(mel("mayasimUi -dialog \"Cancel\""));
+    EXPECT_TRUE(chosen("Points Color").empty());
+    EXPECT_EQ(readBytes(stylePath), written);
+    ASSERT_TRUE(mel("mayasimUi -dialog \"OK\" -value \"4.5\""));
+    EXPECT_THAT(chosen("Line Size"), ElementsAre("0 1 idle OVMotionTrail -lineSize 4.5"));
+    ASSERT_TRUE(mel("mayasimUi -dialog \"Cancel\""));
+    EXPECT_TRUE(chosen("Points Size").empty());
+    const QJsonObject stored = QJsonDocument::fromJson(readBytes(stylePath)).object();
+    EXPECT_EQ(stored.value("showLine"), false);
+    EXPECT_EQ(stored.value("pointsStyle"), true);
+    EXPECT_EQ(stored.value("lineSize"), 4.5);
+    EXPECT_EQ(stored.value("mainLineColor").toArray(), QJsonArray({0, 255, 128}));
+    EXPECT_EQ(stored.value("pointsColor").toArray(), QJsonArray({253, 3, 251}));
+    EXPECT_EQ(stored.keys().size(), 14);
+
+    // A press toggles the trail, then sends every setting; Ctrl+Shift removes all.
+    const std::vector<std::string> applied = press(path);
+    ASSERT_EQ(applied.size(), 15u);
+    EXPECT_EQ(applied[0], "0 0 OVMotionTrail");
+    EXPECT_EQ(applied[1], "0 0 OVMotionTrail -showLine 0");
+    EXPECT_EQ(applied[6], "0 0 OVMotionTrail -lineSize 4.5");
+    EXPECT_EQ(applied[8], "0 0 OVMotionTrail -mainLineColor 0 1 0.5019607843137255");
+    EXPECT_EQ(applied[14], "0 0 OVMotionTrail -transparencyFalloff 1");
+    EXPECT_EQ(press(path, "ctrl"), applied);
+    EXPECT_EQ(press(path, "shift"), applied);
+    choose(path, "Camera Space Mode", &sent);
+    EXPECT_TRUE(own->actions()[0]->isChecked());
+    EXPECT_THAT(press(path, "ctrl+shift"), ElementsAre("0 1 idle OVMotionTrail -deleteAll"));
+    EXPECT_FALSE(own->actions()[0]->isChecked());
+    EXPECT_EQ(QJsonDocument::fromJson(readBytes(stylePath)).object().value("cameraSpace"), false);
+
+    // A new button starts from the file.
+    const std::string second = add("Motion Trail");
+    EXPECT_EQ(press(second), applied);
 }
