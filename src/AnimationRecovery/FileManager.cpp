@@ -306,7 +306,11 @@ void FileManager::writeLastModified(const QString& folder) const
 {
     if (folder.isEmpty())
         return;
-    writeValue(QJsonObject{{TimeKey, sceneFileTime()}}, joinPath(folder, LastModifiedFile), File::Format::Cbor);
+    // The time changes only when the scene is saved: rewriting the same one
+    // before every file would double each save's synced writes.
+    const qint64 time = sceneFileTime();
+    if (readLastModified(folder) != time)
+        writeValue(QJsonObject{{TimeKey, time}}, joinPath(folder, LastModifiedFile), File::Format::Cbor);
 }
 
 qint64 FileManager::readLastModified(const QString& folder) const

@@ -114,7 +114,7 @@ void Manager::onCurvesEdited(MObjectArray& editedCurves, void* clientData)
     // Marking only: the saving waits for idle time.
     Manager& manager = *static_cast<Manager*>(clientData);
     for (unsigned int i = 0; i < editedCurves.length(); ++i)
-        manager.fEditedCurves.emplace(MObjectHandle(editedCurves[i]).hashCode(), editedCurves[i]);
+        manager.fEditedCurves.try_emplace(MObjectHandle(editedCurves[i]).hashCode(), editedCurves[i]);
     manager.fPendingWork |= EncodeCurves;
     manager.ensureIdle();
 }
@@ -168,7 +168,11 @@ void Manager::onIdle(void* clientData)
 
 bool Manager::idleStep()
 {
-    if (fPendingWork & EncodeCurves) {
+    // A file holds at most this many curves, so that no tick's write grows
+    // with the burst: a blend over a whole rig is saved in several files,
+    // each curve whole in one of them.
+    const int curvesPerFile = 50;
+    if ((fPendingWork & EncodeCurves) && fPendingCurves.size() < curvesPerFile) {
         if (fEditedCurves.empty()) {
             fPendingWork &= ~EncodeCurves;
             return true;

@@ -192,6 +192,28 @@ TEST_F(Recovery, AChangeOfLocksAloneIsSaved)
     EXPECT_EQ(describeCurves(), edited);
 }
 
+// A tick's write stays small however many curves one edit touched.
+TEST_F(Recovery, ABurstOfManyCurvesIsSavedInFilesOfFiftyEachCurveWhole)
+{
+    ASSERT_TRUE(mel("OVAnimationRecovery -enable true"));
+    std::string nodes, keys;
+    for (int i = 0; i < 6; ++i) {
+        const std::string node = "c" + std::to_string(i);
+        nodes += "createNode transform -n " + node + ";";
+        for (const char* channel : {"tx", "ty", "tz", "rx", "ry", "rz", "sx", "sy", "sz", "v"})
+            keys += "setKeyframe -t 1 -v " + std::to_string(i) + " " + node + "." + channel + ";";
+    }
+    ASSERT_TRUE(mel(nodes));
+    save(scenePath());
+    ASSERT_TRUE(mel(keys)); // one run: one burst of sixty curves
+    idle(200);
+    const std::string edited = describeCurves();
+    EXPECT_EQ(curveFiles().size(), 2);
+    reopen(scenePath());
+    ASSERT_TRUE(mel("OVAnimationRecovery -restore"));
+    EXPECT_EQ(describeCurves(), edited);
+}
+
 TEST_F(Recovery, OnlyFilesNewerThanTheSceneFileCount)
 {
     ASSERT_TRUE(mel("OVAnimationRecovery -enable true"));
