@@ -12,6 +12,7 @@
 #include "Ui/SelectionSetBtn.h"
 #include "Ui/TangentBtn.h"
 #include "Ui/TangentSlider.h"
+#include "Ui/TempPivotBtn.h"
 #include "Ui/XFormWorldSpaceBtn.h"
 
 #include <QWidget>
@@ -99,6 +100,8 @@ const std::vector<Tool>& tools()
         {"Motion Trail", "motionTrailBtn", 1, false, &MotionTrailBtn::staticMetaObject, make<MotionTrailBtn>, nullptr,
          nullptr},
         {"Reset", "resetBtn", 1, false, &ResetBtn::staticMetaObject, make<ResetBtn>, nullptr, nullptr},
+        {"Temp Pivot", "tempPivotBtn", 1, false, &TempPivotBtn::staticMetaObject, make<TempPivotBtn>, nullptr,
+         nullptr},
         {"Selection Set", "selectionSetBtn", 1, false, &SelectionSetBtn::staticMetaObject, make<SelectionSetBtn>,
          nullptr, nullptr},
         {"Animation Offset", "animationOffsetBtn", 1, false, &AnimationOffsetBtn::staticMetaObject,

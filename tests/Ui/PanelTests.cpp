@@ -6,6 +6,7 @@
 
 #include "AnimationOffset/Manager.h"
 #include "AnimationRecovery/Manager.h"
+#include "TempPivot/Manager.h"
 #include "Ui/AnimationRecoveryBtn.h"
 #include "Ui/Main.h"
 #include "Ui/Manager.h"
@@ -15,6 +16,8 @@
 #include "Ui/Tools.h"
 #include "Utils/File/PluginManager.h"
 
+#include <maya/MDoubleArray.h>
+#include <maya/MFnDependencyNode.h>
 #include <maya/MGlobal.h>
 #define MNoVersionString // the plug-in emits the version symbols
 #include <maya/MFnPlugin.h>
@@ -406,6 +409,13 @@ protected:
         rightPressChoosing(panelPath(), entry, "-at 2 2");
         return buttonPaths().back();
     }
+    // A plain press on the free part of the panel: no key stays held, and no
+    // press is left on a widget the press deleted.
+    static void letGo()
+    {
+        EXPECT_TRUE(mel("mayasimUi -press -at 2 2 \"" + panelPath() + "\""));
+        EXPECT_TRUE(mel("mayasimUi -release -at 2 2 \"" + panelPath() + "\""));
+    }
     // A left press and release with the modifiers held ("" for none); the
     // tool commands sent, after the timers of the press have run.
     static std::vector<std::string> press(const std::string& path, const std::string& modifiers = "")
@@ -414,6 +424,8 @@ protected:
         mayasim::host::clearSentCommands();
         EXPECT_TRUE(mel("mayasimUi -press" + held + " \"" + path + "\""));
         EXPECT_TRUE(mel("mayasimUi -release" + held + " \"" + path + "\""));
+        if (!held.empty())
+            letGo();
         runTimers();
         return toolCommands();
     }
@@ -423,6 +435,8 @@ protected:
     {
         mayasim::host::clearSentCommands();
         const std::vector<std::string> entries = rightPressChoosing(path, entry);
+        if (entry == "Delete")
+            letGo();
         runTimers();
         *sent = toolCommands();
         return entries;
@@ -448,9 +462,7 @@ TEST_F(ToolButtonTest, CopyButtonsPasteWithCtrlAndShiftTogetherOnly)
     EXPECT_THAT(press(relation, "ctrl+shift"), ElementsAre("1 1 OVRelationship -paste"));
     EXPECT_THAT(press(relation, "ctrl"), ElementsAre("1 0 OVRelationship"));
     EXPECT_THAT(press(relation, "shift"), ElementsAre("1 0 OVRelationship"));
-    // The strip's command, whatever is held.
-    EXPECT_THAT(press(sets), ElementsAre("0 0 OVSelectionSetUi"));
-    EXPECT_THAT(press(sets, "ctrl+shift"), ElementsAre("0 0 OVSelectionSetUi"));
+    EXPECT_EQ(qobject_cast<QPushButton*>(MQtUtil::findControl(sets.c_str()))->toolTip(), "selection set");
 
     std::vector<std::string> sent;
     EXPECT_THAT(choose(world, "Paste <ctrl+shift>", &sent), ElementsAre("Paste <ctrl+shift>", "---", "Delete"));
@@ -695,6 +707,37 @@ TEST_F(ToolButtonTest, EveryToolOfTheMenuJoinsTheRow)
     EXPECT_EQ(storedKinds(), kinds);
     QApplication::processEvents();
     ASSERT_TRUE(mel(std::string("mayasimUi -screenshot \"" ORVANE_BINARY_DIR "/panel-full.png\" ") + Control));
+}
+
+TEST_F(ToolButtonTest, TempPivotButtonTurnsThePivotOnAndOffInTheChosenMode)
+{
+    ASSERT_TRUE(mel("createNode transform -n a; createNode transform -n b; setAttr b.tx 4; select -r a b"));
+    const std::string path = add("Temp Pivot");
+    const TempPivot::Manager& pivot = TempPivot::Manager::instance();
+    EXPECT_TRUE(press(path).empty());
+    EXPECT_TRUE(pivot.isEnabled());
+    press(path, "ctrl+shift");
+    EXPECT_FALSE(pivot.isEnabled());
+    ASSERT_TRUE(mel("select -r a b"));
+    std::vector<std::string> sent;
+    EXPECT_THAT(choose(path, "Center", &sent), ElementsAre("Last Object", "Center", "World Space", "---", "Reset",
+                                                           "Toggle Edit", "---", "Delete"));
+    ASSERT_TRUE(pivot.isEnabled());
+    // Between the two objects.
+    MDoubleArray at;
+    ASSERT_TRUE(MGlobal::executeCommand("xform -q -ws -t " + MFnDependencyNode(pivot.pivotNode()).name(), at));
+    EXPECT_DOUBLE_EQ(at[0], 2.0);
+    press(path, "shift");
+    EXPECT_FALSE(pivot.isEnabled());
+    ASSERT_TRUE(mel("select -r a b"));
+    choose(path, "Last Object", &sent);
+    EXPECT_TRUE(pivot.isEnabled());
+    ASSERT_TRUE(MGlobal::executeCommand("xform -q -ws -t " + MFnDependencyNode(pivot.pivotNode()).name(), at));
+    EXPECT_DOUBLE_EQ(at[0], 4.0);
+    press(path, "ctrl");
+    EXPECT_FALSE(pivot.isEnabled());
+    choose(path, "Delete", &sent);
+    EXPECT_TRUE(sent.empty());
 }
 
 TEST_F(ToolButtonTest, MotionTrailButtonStylesTrailsAndKeepsTheStyle)
