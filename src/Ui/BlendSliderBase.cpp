@@ -182,7 +182,10 @@ BlendSliderBase::BlendSliderBase(int lastType, const QString& rangeOverlay, QWid
     column->addLayout(presetRow);
 
     connect(handle, &QSlider::valueChanged, this, [this](int value) {
-        emit uiStateChanged();
+        // A drag's steps leave prefs.json alone: a synced write per mouse move
+        // would stall the drag, and the release stores the value it springs to.
+        if (!handle->isSliderDown())
+            emit uiStateChanged();
         onValueChanged(value);
     });
     connect(handle, &QSlider::sliderPressed, this, [this] { onSliderPressed(); });
@@ -268,7 +271,10 @@ void BlendSliderBase::onSliderReleased()
 {
     const bool live = endBlend();
     // After the blend has ended, so this step does nothing to the scene.
+    const bool springs = handle->value() != 0;
     handle->setValue(0);
+    if (!springs)
+        emit uiStateChanged();
     if (live && rangeShown)
         TimelineOverlay::remove(rangeOverlay);
 }

@@ -251,8 +251,8 @@ TEST_F(BlendSliderTest, EachKeyDragIsOneUndoStepComputedFromThePress)
             EXPECT_THAT(sentSince(), ElementsAre("mel display:0 undo:1 idle:0 OVKeyBlending -internal"));
             EXPECT_NE(KeyBlending::activeData, nullptr);
             reached = moveThrough(handle, start, offsets, c.later);
-            // Every step is in prefs.json.
-            EXPECT_EQ(storedWidgets()[0].toObject().value("sliderValue").toInt(), reached);
+            // The drag's steps write nothing; the release stores where it springs to.
+            EXPECT_EQ(storedWidgets()[0].toObject().value("sliderValue").toInt(), 0);
             dragged = sceneText();
             release(handle, start + QPoint(offsets.back(), 0), c.later);
         });
