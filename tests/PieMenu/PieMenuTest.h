@@ -13,6 +13,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QElapsedTimer>
 
 #include <string>
 #include <vector>
@@ -32,6 +33,14 @@ protected:
     void TearDown() override
     {
         mayasim::gui::closeMainWindow();
+        // A line edit's clear button fades in through an animation with no
+        // parent that frees itself only when it ends: let it end, so the
+        // program leaves nothing behind at exit.
+        QElapsedTimer fade;
+        fade.start();
+        while (fade.elapsed() < 250)
+            QApplication::processEvents(QEventLoop::AllEvents, 20);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         DataFolderTest::TearDown();
     }
 
