@@ -44,6 +44,9 @@ public:
 
     // The pivot node, null while off.
     const MObject& pivotNode() const { return fPivot.object(); }
+    // The objects the pivot moves, those still alive, in their order: what
+    // the pivot stands for while it alone is selected.
+    MSelectionList targetList() const;
     // Turns the pivot node's attribute changes into xform calls on the targets.
     void applyPivotMove();
     // Where the open scene's pivots are kept; empty without a scene identity.

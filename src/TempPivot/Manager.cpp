@@ -134,6 +134,16 @@ void Manager::deletePivotNode()
     MGlobal::deleteNode(node);
 }
 
+MSelectionList Manager::targetList() const
+{
+    MSelectionList list;
+    MDagPath path;
+    for (const PivotTarget& target : fTargets)
+        if (isValidObject(target.object.object()) && MDagPath::getAPathTo(target.object.object(), path))
+            list.add(path);
+    return list;
+}
+
 QString Manager::pivotFilePath() { return SceneId::manager().scenePath(SceneId::TempPivotFolder); }
 
 bool Manager::enable(const MSelectionList& list)

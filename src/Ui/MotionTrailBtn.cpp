@@ -18,6 +18,10 @@ namespace {
 
 QString prefsPath() { return File::PluginManager::pluginFilePath(QStringLiteral("motionTrail_prefs.json")); }
 
+// The range of the size dialogs.
+const double MinimumSize = 0.1;
+const double MaximumSize = 2147483647.0;
+
 struct BoolKey
 {
     const char* key;
@@ -72,20 +76,32 @@ MString numberText(double value)
 
 } // namespace
 
+// A hand-edited value of the wrong type, or outside what the menu can set,
+// leaves that key's default.
 TrailStyle readTrailStyle()
 {
     TrailStyle style;
     const QJsonObject stored = File::IO::readValue(prefsPath(), File::Format::Json).toObject();
     for (const BoolKey& entry : BoolKeys)
-        if (stored.contains(QLatin1String(entry.key)))
-            style.*entry.field = stored.value(QLatin1String(entry.key)).toBool();
-    for (const DoubleKey& entry : DoubleKeys)
-        if (stored.contains(QLatin1String(entry.key)))
-            style.*entry.field = stored.value(QLatin1String(entry.key)).toDouble();
+        style.*entry.field = stored.value(QLatin1String(entry.key)).toBool(style.*entry.field);
+    for (const DoubleKey& entry : DoubleKeys) {
+        const double size = stored.value(QLatin1String(entry.key)).toDouble(style.*entry.field);
+        if (size >= MinimumSize && size <= MaximumSize)
+            style.*entry.field = size;
+    }
     for (const ColourKey& entry : ColourKeys) {
         const QJsonArray rgb = stored.value(QLatin1String(entry.key)).toArray();
-        if (rgb.size() >= 3 && !rgb[0].isUndefined() && !rgb[1].isUndefined() && !rgb[2].isUndefined())
-            style.*entry.field = QColor(rgb[0].toInt(), rgb[1].toInt(), rgb[2].toInt());
+        if (rgb.size() < 3)
+            continue;
+        int components[3];
+        bool valid = true;
+        for (int i = 0; i < 3 && valid; ++i) {
+            const double component = rgb[i].toDouble(-1.0);
+            valid = component >= 0.0 && component <= 255.0;
+            components[i] = qRound(component);
+        }
+        if (valid)
+            style.*entry.field = QColor(components[0], components[1], components[2]);
     }
     return style;
 }
@@ -213,8 +229,8 @@ void MotionTrailBtn::addSize(const QString& text, double TrailStyle::*field, con
 {
     connect(menu->addAction(text), &QAction::triggered, this, [this, text, field, flag] {
         bool ok = false;
-        const double size = QInputDialog::getDouble(this, text, QStringLiteral("Size"), style.*field, 0.1,
-                                                    2147483647.0, 1, &ok);
+        const double size = QInputDialog::getDouble(this, text, QStringLiteral("Size"), style.*field, MinimumSize,
+                                                    MaximumSize, 1, &ok);
         if (!ok)
             return;
         if (size <= 0) {

@@ -30,11 +30,12 @@ TempPivotBtn::TempPivotBtn(QWidget* parent)
         else
             manager.enable(activeSelection());
     });
-    // A mode entry starts the pivot anew in that mode, even when it is on.
+    // A mode entry starts the pivot anew in that mode, even when it is on:
+    // then the pivot itself is what is selected, and it stands for its objects.
     const auto addMode = [this](const QString& text, bool center, bool lastObject, bool worldSpace) {
         connect(menu->addAction(text), &QAction::triggered, this, [center, lastObject, worldSpace] {
-            const MSelectionList list = activeSelection();
             TempPivot::Manager& manager = TempPivot::Manager::instance();
+            const MSelectionList list = manager.isEnabled() ? manager.targetList() : activeSelection();
             manager.disable();
             manager.setModes(center, lastObject, worldSpace);
             manager.enable(list);

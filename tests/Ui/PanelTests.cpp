@@ -734,6 +734,22 @@ TEST_F(ToolButtonTest, TempPivotButtonTurnsThePivotOnAndOffInTheChosenMode)
     EXPECT_TRUE(pivot.isEnabled());
     ASSERT_TRUE(MGlobal::executeCommand("xform -q -ws -t " + MFnDependencyNode(pivot.pivotNode()).name(), at));
     EXPECT_DOUBLE_EQ(at[0], 4.0);
+    // While it is on, the pivot alone is selected: a mode entry starts it
+    // anew in that mode for the same objects.
+    choose(path, "Center", &sent);
+    ASSERT_TRUE(pivot.isEnabled());
+    const MString centred = MFnDependencyNode(pivot.pivotNode()).name();
+    ASSERT_TRUE(MGlobal::executeCommand("xform -q -ws -t " + centred, at));
+    EXPECT_DOUBLE_EQ(at[0], 2.0);
+    EXPECT_THAT(strings("ls -sl"), ElementsAre(centred.asChar()));
+    EXPECT_THAT(strings("ls \"transform*\""), ElementsAre(centred.asChar()));
+    ASSERT_TRUE(mel("setAttr " + std::string(centred.asChar()) + ".tx 3"));
+    EXPECT_DOUBLE_EQ(MFnDependencyNode(nodeNamed("a")).findPlug("tx", false).asDouble(), 1.0);
+    EXPECT_DOUBLE_EQ(MFnDependencyNode(nodeNamed("b")).findPlug("tx", false).asDouble(), 5.0);
+    choose(path, "Last Object", &sent);
+    ASSERT_TRUE(pivot.isEnabled());
+    ASSERT_TRUE(MGlobal::executeCommand("xform -q -ws -t " + MFnDependencyNode(pivot.pivotNode()).name(), at));
+    EXPECT_DOUBLE_EQ(at[0], 5.0);
     press(path, "ctrl");
     EXPECT_FALSE(pivot.isEnabled());
     choose(path, "Delete", &sent);
@@ -803,4 +819,20 @@ TEST_F(ToolButtonTest, MotionTrailButtonStylesTrailsAndKeepsTheStyle)
     // A new button starts from the file.
     const std::string second = add("Motion Trail");
     EXPECT_EQ(press(second), applied);
+
+    // A damaged file gives the defaults; a hand-edited one each default whose
+    // value has the wrong type or lies outside what the menu can set.
+    ASSERT_TRUE(writeBytes(stylePath, "{\"showLine\": fals"));
+    const std::vector<std::string> defaults = press(add("Motion Trail"));
+    ASSERT_EQ(defaults.size(), 15u);
+    EXPECT_EQ(defaults[1], "0 0 OVMotionTrail -showLine 1");
+    EXPECT_EQ(defaults[6], "0 0 OVMotionTrail -lineSize 3");
+    ASSERT_TRUE(writeBytes(stylePath, R"({"showLine": "no", "showPoints": true, "cameraSpace": 1,
+        "lineSize": -2, "pointsSize": 12.5, "currentFrameSize": 1e300, "mainLineColor": [300, 0, 0],
+        "secondaryLineColor": [0, 0], "pointsColor": [0, 255, 51, 7], "currentFrameColor": ["a", 1, 2]})"));
+    std::vector<std::string> edited = defaults;
+    edited[2] = "0 0 OVMotionTrail -showPoints 1";
+    edited[5] = "0 0 OVMotionTrail -pointsSize 12.5";
+    edited[7] = "0 0 OVMotionTrail -pointsColor 0 1 0.2";
+    EXPECT_EQ(press(add("Motion Trail")), edited);
 }
