@@ -6,6 +6,7 @@
 
 #include "AnimationOffset/Manager.h"
 #include "AnimationRecovery/Manager.h"
+#include "MotionTrail/Manager.h"
 #include "TempPivot/Manager.h"
 #include "Ui/AnimationRecoveryBtn.h"
 #include "Ui/Main.h"
@@ -16,9 +17,12 @@
 #include "Ui/Tools.h"
 #include "Utils/File/PluginManager.h"
 
+#include <maya/MAnimControl.h>
 #include <maya/MDoubleArray.h>
+#include <maya/MFileIO.h>
 #include <maya/MFnDependencyNode.h>
 #include <maya/MGlobal.h>
+#include <maya/MObjectHandle.h>
 #define MNoVersionString // the plug-in emits the version symbols
 #include <maya/MFnPlugin.h>
 #include <maya/MQtUtil.h>
@@ -40,9 +44,11 @@
 #include <QTest>
 #include <QTimer>
 
+using ::testing::DoubleNear;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::Not;
+using ::testing::Pointwise;
 
 namespace {
 
@@ -58,6 +64,13 @@ std::vector<std::string> strings(const std::string& command)
     for (unsigned int i = 0; i < result.length(); ++i)
         texts.push_back(result[i].asChar());
     return texts;
+}
+
+std::vector<double> numbers(const std::string& command)
+{
+    MDoubleArray result;
+    EXPECT_TRUE(MGlobal::executeCommand(command.c_str(), result)) << command;
+    return std::vector<double>(&result[0], &result[0] + result.length());
 }
 
 // The workspace control commands sent since the last call, as
@@ -835,4 +848,86 @@ TEST_F(ToolButtonTest, MotionTrailButtonStylesTrailsAndKeepsTheStyle)
     edited[5] = "0 0 OVMotionTrail -pointsSize 12.5";
     edited[7] = "0 0 OVMotionTrail -pointsColor 0 1 0.2";
     EXPECT_EQ(press(add("Motion Trail")), edited);
+}
+
+// Each button pressed on the demo rig does its tool's work on the scene, and
+// one undo takes the press back. Selecting the opposite and the motion trail
+// are outside the undo queue: a second press takes the trail away.
+TEST_F(ToolButtonTest, ButtonsActOnTheDemoRigEachInOneUndoStep)
+{
+    ASSERT_TRUE(MFileIO::open(ORVANE_TEST_DATA "/../../demo/demo.ma", nullptr, true));
+    const std::string mirror = add("Mirror");
+    const std::string opposite = add("Select Opposite");
+    const std::string reset = add("Reset");
+    const std::string tangent = add("Tangent");
+    add("Retiming");
+    const std::string world = add("Copy World Space");
+    const std::string relation = add("Copy Relationship");
+    const std::string trail = add("Motion Trail");
+
+    ASSERT_TRUE(mel("select -r foot_L_ctrl; setAttr foot_L_ctrl.t 3.5 -9 1; setAttr foot_L_ctrl.r 10 20 30"));
+    expectOneUndoStep([&] { EXPECT_THAT(press(mirror), ElementsAre("1 1 OVMirror")); });
+    EXPECT_THAT(numbers("getAttr foot_R_ctrl.t"), ElementsAre(-3.5, -9, 1));
+    EXPECT_THAT(numbers("getAttr foot_R_ctrl.r"), Pointwise(DoubleNear(1e-9), {10.0, -20.0, -30.0}));
+
+    // The opposite is selected, outside the undo queue; the scene stays.
+    const std::string mirrored = sceneText();
+    press(opposite);
+    EXPECT_THAT(strings("ls -sl"), ElementsAre("foot_R_ctrl"));
+    EXPECT_EQ(sceneText(), mirrored);
+
+    ASSERT_TRUE(mel("select -r foot_L_ctrl"));
+    expectOneUndoStep([&] { press(reset); });
+    EXPECT_THAT(numbers("getAttr foot_L_ctrl.t"), ElementsAre(0, 0, 0));
+    EXPECT_THAT(numbers("getAttr foot_L_ctrl.r"), ElementsAre(0, 0, 0));
+
+    ASSERT_TRUE(mel("select -r arm_ctrl"));
+    expectOneUndoStep([&] { press(tangent); });
+    EXPECT_THAT(strings("keyTangent -t 1 -q -itt arm_ctrl_translateY"), ElementsAre("linear"));
+    EXPECT_THAT(strings("keyTangent -t 1 -q -ott arm_ctrl_translateY"), ElementsAre("linear"));
+    EXPECT_THAT(strings("keyTangent -t 10 -q -itt arm_ctrl_translateY"), ElementsAre("auto"));
+
+    // The arm's keys at the current frame move one frame on, and the time with them.
+    auto* forward = panel()->findChild<Ui::RetimingBtn*>()->findChildren<QPushButton*>().at(1);
+    expectOneUndoStep([&] {
+        QTest::mouseClick(forward, Qt::LeftButton);
+        runTimers();
+    });
+    EXPECT_THAT(keyTimes("arm_ctrl_translateY"), ElementsAre(2, 10, 20, 30, 40));
+    EXPECT_THAT(keyTimes("arm_ctrl_rotateZ"), ElementsAre(2, 20, 40));
+    EXPECT_EQ(MAnimControl::currentTime().value(), 2.0);
+
+    // The foot's place in the world, copied, comes back after its parent moved.
+    ASSERT_TRUE(mel("select -r foot_L_ctrl"));
+    const std::vector<double> footAt = numbers("xform -q -ws -t foot_L_ctrl");
+    press(world);
+    ASSERT_TRUE(mel("setAttr root_ctrl.tx 5"));
+    expectOneUndoStep([&] { press(world, "ctrl+shift"); });
+    const std::vector<double> pasted = numbers("xform -q -ws -t foot_L_ctrl");
+    for (int i = 0; i < 3; ++i)
+        EXPECT_NEAR(pasted[i], footAt[i], 1e-9) << i;
+
+    // The right foot follows the arm it was copied with.
+    ASSERT_TRUE(mel("select -r foot_R_ctrl arm_ctrl"));
+    press(relation);
+    const std::vector<double> armBefore = numbers("xform -q -ws -t arm_ctrl");
+    const std::vector<double> footBefore = numbers("xform -q -ws -t foot_R_ctrl");
+    ASSERT_TRUE(mel("setAttr arm_ctrl.tx 7"));
+    const std::vector<double> armAfter = numbers("xform -q -ws -t arm_ctrl");
+    expectOneUndoStep([&] { press(relation, "ctrl+shift"); });
+    const std::vector<double> followed = numbers("xform -q -ws -t foot_R_ctrl");
+    for (int i = 0; i < 3; ++i)
+        EXPECT_NEAR(followed[i], footBefore[i] + armAfter[i] - armBefore[i], 1e-9) << i;
+
+    // A trail on the arm in the button's style, not the command's own.
+    ASSERT_TRUE(mel("select -r arm_ctrl"));
+    press(trail);
+    const MotionTrail::Manager& trails = MotionTrail::Manager::instance();
+    ASSERT_EQ(trails.trailCount(), 1u);
+    const MotionTrail::Trail* made = trails.trail(MObjectHandle(nodeNamed("arm_ctrl")).hashCode());
+    ASSERT_NE(made, nullptr);
+    EXPECT_EQ(made->style.lineSize, 3.0);
+    EXPECT_EQ(made->style.pointsSize, 9.0);
+    press(trail);
+    EXPECT_EQ(trails.trailCount(), 0u);
 }
