@@ -4,6 +4,7 @@
 #include "FuzzHost.h"
 
 #include "FileBytes.h"
+#include "Ui/MotionTrailBtn.h"
 
 #include <maya/MFileIO.h>
 #include <maya/MGlobal.h>
@@ -20,13 +21,19 @@
 
 namespace {
 
-// A data file, by its path in the data folder, and MEL that reads it.
-// A new reader joins with one row. The rig's identity is 1.
+// A data file, by its path in the data folder, and MEL that reads it; a
+// reader that no command reaches is called before the MEL. A new reader
+// joins with one row. The rig's identity is 1.
 struct DataFile
 {
     const char* path;
     const char* readers;
+    void (*read)() = nullptr;
 };
+
+// As the pie menu's motion trail entry does (the panel's button reads the
+// same way): trails toggled on the selection, in the stored style.
+void applyStoredTrailStyle() { Ui::applyTrailStyle(Ui::readTrailStyle()); }
 
 const DataFile dataFiles[] = {
     // The pie menu store reads its file when the plug-in loads: unloaded
@@ -44,6 +51,9 @@ const DataFile dataFiles[] = {
     // The temporary pivot reads its scene's file as it is turned on, and
     // again as it saves when turned off.
     {"TempPivot/1", "OVTempPivot -e true body_ctrl arm_L_ctrl; OVTempPivot -e false"},
+    // The trail style is read as a trail is made; the trails then fill at
+    // idle time and are drawn in it.
+    {"motionTrail_prefs.json", "mayasimHost -idle 4; refresh -f", applyStoredTrailStyle},
 };
 
 // MEL that makes the plug-in write its data files on the rig, each valid:
@@ -85,6 +95,8 @@ const Files& validFiles()
         openInterface();
         openRig();
         MGlobal::executeCommand(writers, false, true);
+        // The trail style has no command: it is written as the panel's menu writes it.
+        Ui::writeTrailStyle(Ui::TrailStyle());
         // Some writers wait for idle time, or for a timer first.
         for (int tick = 0; tick < 8; ++tick) {
             mayasim::host::advanceClock(1);
@@ -123,6 +135,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
         for (const auto& [path, content] : valid)
             writeFile(path, content);
         writeFile(QString::fromUtf8(file.path), bytes);
+        if (file.read)
+            file.read();
         MGlobal::executeCommand(file.readers, false, true);
     }
     return 0;
