@@ -59,10 +59,6 @@ public:
                             const MUserData* data);
 
     static const char* className();
-
-private:
-    GeometryDrawOverrideCb fCallback;
-    bool fIsAlwaysDirty;
 };
 
 } // namespace MHWRender

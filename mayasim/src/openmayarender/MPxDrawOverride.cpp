@@ -6,10 +6,9 @@
 
 using namespace MHWRender;
 
-MPxDrawOverride::MPxDrawOverride(const MObject&, GeometryDrawOverrideCb callback, bool isAlwaysDirty)
-    : fCallback(callback), fIsAlwaysDirty(isAlwaysDirty)
-{
-}
+// Every draw prepares anew, as an override that is always dirty; the draw
+// callback belongs to the legacy path that Viewport 2.0 here never takes.
+MPxDrawOverride::MPxDrawOverride(const MObject&, GeometryDrawOverrideCb, bool) {}
 
 MPxDrawOverride::~MPxDrawOverride() = default;
 
