@@ -1,7 +1,8 @@
 // Built-in commands of the engine itself: undo, redo, undoInfo, flushUndo,
-// requires, fileInfo and print.
+// requires, fileInfo, print and evalDeferred.
 #include "engine/Command.h"
 #include "engine/FileInfo.h"
+#include "engine/IdleCommands.h"
 #include "engine/Output.h"
 #include "engine/UndoQueue.h"
 
@@ -119,6 +120,16 @@ MelValue print(const Invocation& call)
     return MelValue::none();
 }
 
+// The script runs once the interface is idle, after what was queued before it.
+MelValue evalDeferred(const Invocation& call)
+{
+    const ParsedArgs args(call.name, call.words, {});
+    if (args.positional().size() != 1)
+        throw MelError("Wrong number of arguments on call to evalDeferred.");
+    queueIdleCommand(args.positional()[0].text, false);
+    return MelValue::none();
+}
+
 BuiltinRegistrar undoRegistrar("undo", &undoCommand);
 BuiltinRegistrar redoRegistrar("redo", &redoCommand);
 BuiltinRegistrar flushRegistrar("flushUndo", &flushUndo);
@@ -126,6 +137,7 @@ BuiltinRegistrar undoInfoRegistrar("undoInfo", &undoInfo);
 BuiltinRegistrar requiresRegistrar("requires", &requiresCommand);
 BuiltinRegistrar fileInfoRegistrar("fileInfo", &fileInfoCommand);
 BuiltinRegistrar printRegistrar("print", &print);
+BuiltinRegistrar evalDeferredRegistrar("evalDeferred", &evalDeferred);
 
 } // namespace
 

@@ -41,6 +41,19 @@ TEST_F(ScriptOutput, EverySentTextIsLoggedWithItsFlags)
     mayasim::host::pumpIdle(); // leave no queued work behind
 }
 
+// evalDeferred waits for the idle queue, in order with the commands queued before it.
+TEST_F(EngineTest, EvalDeferredRunsAtIdleAfterWhatWasQueued)
+{
+    ASSERT_TRUE(MGlobal::executeCommand("global string $gDeferred = \"\""));
+    MGlobal::executeCommandOnIdle("$gDeferred += \"a\"");
+    ASSERT_TRUE(MGlobal::executeCommand("evalDeferred \"$gDeferred += \\\"b\\\"\""));
+    EXPECT_EQ(MGlobal::executeCommandStringResult("$gDeferred = $gDeferred"), "");
+    mayasim::host::pumpIdle();
+    EXPECT_EQ(MGlobal::executeCommandStringResult("$gDeferred = $gDeferred"), "ab");
+    EXPECT_FALSE(MGlobal::executeCommand("evalDeferred"));
+    EXPECT_FALSE(MGlobal::executeCommand("evalDeferred -noSuchFlag \"print 1\""));
+}
+
 using EngineState = EngineTest;
 
 TEST_F(EngineState, VersionAndMode)
