@@ -42,10 +42,17 @@ demo)
     # otherwise, with a screenshot of each step under the build folder.
     shots=build/release/demo-shots
     mkdir -p "$shots"
+    # A data folder of its own, fresh each run: the panel starts empty, and
+    # nothing of the user's Orvane files is read or written.
+    documents=$PWD/build/release/demo-documents
+    config=$PWD/build/release/demo-config
+    rm -rf "$documents" "$config"
+    mkdir -p "$documents/maya/scripts" "$config"
+    echo "XDG_DOCUMENTS_DIR=\"$documents\"" >"$config/user-dirs.dirs"
     close=()
     [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ] && close=(-exit)
     status=0
-    build/release/mayasim/mayasim-gui -plugin build/release/orvane.so -file demo/demo.ma \
+    XDG_CONFIG_HOME=$config build/release/mayasim/mayasim-gui -plugin build/release/orvane.so -file demo/demo.ma \
         -command "global string \$gDemoShots = \"$shots\"" -script demo/demo-gui.mel -script demo/demo.mel \
         -screenshot "$shots/04-after-blends.png" "${close[@]}" || status=$?
     echo "Screenshots of each step: $shots/"
