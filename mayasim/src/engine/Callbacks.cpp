@@ -1,6 +1,7 @@
 #include "engine/Callbacks.h"
 
 #include <algorithm>
+#include <array>
 #include <map>
 
 namespace mayasim::callbacks {
@@ -25,6 +26,9 @@ const char* const kConditionNames[] = {
 struct Table
 {
     std::map<MCallbackId, Callback> callbacks; // ids grow, so this is registration order
+    // The ids of each channel, in registration order: firing a message looks
+    // at its own callbacks only, not at every one registered.
+    std::array<std::vector<MCallbackId>, kChannelCount> byChannel;
     MCallbackId nextId = 1;
     std::vector<MCallbackId> running;          // nested firing: innermost last
     std::map<std::string, bool> conditions;
@@ -50,6 +54,18 @@ bool nodeGone(const Callback& callback)
     return callback.node && callback.nodeLife.expired();
 }
 
+std::vector<MCallbackId>& idsOf(Channel channel)
+{
+    return table().byChannel[static_cast<std::size_t>(channel)];
+}
+
+std::map<MCallbackId, Callback>::iterator erase(std::map<MCallbackId, Callback>::iterator it)
+{
+    std::vector<MCallbackId>& ids = idsOf(it->second.channel);
+    ids.erase(std::find(ids.begin(), ids.end(), it->first));
+    return table().callbacks.erase(it);
+}
+
 } // namespace
 
 MCallbackId add(Callback callback)
@@ -58,9 +74,10 @@ MCallbackId add(Callback callback)
     // Callbacks of nodes that no longer exist are dropped here, as Maya
     // drops them with the node.
     for (auto it = t.callbacks.begin(); it != t.callbacks.end();)
-        it = nodeGone(it->second) ? t.callbacks.erase(it) : std::next(it);
+        it = nodeGone(it->second) ? erase(it) : std::next(it);
     callback.id = t.nextId++;
     const MCallbackId id = callback.id;
+    idsOf(callback.channel).push_back(id);
     t.callbacks.emplace(id, std::move(callback));
     return id;
 }
@@ -72,7 +89,7 @@ bool remove(MCallbackId id)
     if (it == t.callbacks.end())
         return false;
     const bool live = !nodeGone(it->second);
-    t.callbacks.erase(it);
+    erase(it);
     return live;
 }
 
@@ -113,13 +130,28 @@ void runAs(const Callback& callback, const std::function<void(const Callback&)>&
 void fire(Channel channel, const std::function<bool(const Callback&)>& matches,
           const std::function<void(const Callback&)>& call)
 {
-    std::vector<MCallbackId> ids;
-    for (const auto& [id, callback] : table().callbacks)
-        if (callback.channel == channel && !nodeGone(callback) && matches(callback))
-            ids.push_back(id);
-    for (MCallbackId id : ids)
+    // The snapshot sits on the stack while the channel is small: a message
+    // fired at every key edit allocates nothing for it.
+    constexpr std::size_t kInline = 8;
+    const std::vector<MCallbackId>& channelIds = idsOf(channel);
+    std::array<MCallbackId, kInline> inlineIds;
+    std::vector<MCallbackId> heapIds;
+    MCallbackId* ids = inlineIds.data();
+    if (channelIds.size() > kInline)
     {
-        auto it = table().callbacks.find(id);
+        heapIds.resize(channelIds.size());
+        ids = heapIds.data();
+    }
+    std::size_t count = 0;
+    for (MCallbackId id : channelIds)
+    {
+        const Callback& callback = table().callbacks.find(id)->second;
+        if (!nodeGone(callback) && matches(callback))
+            ids[count++] = id;
+    }
+    for (std::size_t i = 0; i < count; ++i)
+    {
+        auto it = table().callbacks.find(ids[i]);
         if (it == table().callbacks.end() || nodeGone(it->second))
             continue;
         runAs(it->second, call);
@@ -135,6 +167,11 @@ std::vector<Callback> registered(Channel channel)
     return found;
 }
 
+bool listened(Channel channel)
+{
+    return !idsOf(channel).empty();
+}
+
 std::vector<MCallbackId> removeIf(const std::function<bool(const Callback&)>& matches)
 {
     std::vector<MCallbackId> removed;
@@ -144,7 +181,7 @@ std::vector<MCallbackId> removeIf(const std::function<bool(const Callback&)>& ma
         if (matches(it->second))
         {
             removed.push_back(it->first);
-            it = callbacks.erase(it);
+            it = erase(it);
         }
         else
             ++it;
@@ -200,6 +237,8 @@ void reset()
 {
     Table& t = table();
     t.callbacks.clear();
+    for (std::vector<MCallbackId>& ids : t.byChannel)
+        ids.clear();
     t.running.clear();
     t.resetConditions();
     t.clock = 0.0;

@@ -31,6 +31,7 @@ enum class Channel
     AnimCurveEdited,
     AnimKeyframeEdited,
 };
+constexpr std::size_t kChannelCount = static_cast<std::size_t>(Channel::AnimKeyframeEdited) + 1;
 
 // The function the client registered, kept untyped; each message casts it
 // back to the type it was registered with before calling it.
@@ -91,6 +92,9 @@ void fire(Channel channel, const std::function<bool(const Callback&)>& matches,
           const std::function<void(const Callback&)>& call);
 // The channel's live callbacks, for the timer queue.
 std::vector<Callback> registered(Channel channel);
+// Whether any callback is registered on the channel (one whose node is gone
+// may count): a message can skip preparing what nobody would receive.
+bool listened(Channel channel);
 // Removes every callback `matches` picks (whatever its channel) and returns
 // their ids, in registration order.
 std::vector<MCallbackId> removeIf(const std::function<bool(const Callback&)>& matches);

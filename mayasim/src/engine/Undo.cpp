@@ -297,9 +297,14 @@ bool undoRecording()
     return frame && frame->fBuiltin && !undo::replaying();
 }
 
+bool runInProgress()
+{
+    return undo::queue().executionDepth > 0;
+}
+
 void afterRun(std::function<void()> work)
 {
-    if (undo::queue().executionDepth > 0)
+    if (runInProgress())
         undo::queue().afterRun.push_back(std::move(work));
     else
         work();

@@ -30,5 +30,7 @@ bool undoRecording();
 // (such as the key-edit messages), so that commands it runs are a step of
 // their own.
 void afterRun(std::function<void()> work);
+// True while a MEL run is in progress, so afterRun waits for its end.
+bool runInProgress();
 
 } // namespace mayasim

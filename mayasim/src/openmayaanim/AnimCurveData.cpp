@@ -1,8 +1,9 @@
 #include "openmayaanim/AnimCurveData.h"
 
+#include "engine/LevelBuffer.h"
+
 #include <algorithm>
 #include <cmath>
-#include <deque>
 
 namespace mayasim::anim {
 
@@ -533,41 +534,6 @@ void setEditObserver(EditObserver observer)
     editObserver() = observer;
 }
 
-namespace {
-
-// Edits are described in buffers kept from edit to edit, so describing one
-// allocates nothing once they have grown. An edit made while another is
-// being reported (a callback editing a curve) takes the next level's.
-class EditBuffer
-{
-public:
-    EditBuffer()
-    {
-        if (levels().size() == depth())
-            levels().emplace_back();
-        fEdit = &levels()[depth()++];
-    }
-    ~EditBuffer() { --depth(); }
-    EditBuffer(const EditBuffer&) = delete;
-    EditBuffer& operator=(const EditBuffer&) = delete;
-    CurveEdit& edit() { return *fEdit; }
-
-private:
-    static std::deque<CurveEdit>& levels()
-    {
-        static std::deque<CurveEdit> buffers; // a deque keeps them in place as it grows
-        return buffers;
-    }
-    static std::size_t& depth()
-    {
-        static std::size_t inUse = 0;
-        return inUse;
-    }
-    CurveEdit* fEdit;
-};
-
-} // namespace
-
 template <class Change>
 void AnimCurveData::edit(std::size_t first, std::size_t count, EditSink* sink, Change&& change)
 {
@@ -575,8 +541,9 @@ void AnimCurveData::edit(std::size_t first, std::size_t count, EditSink* sink, C
         change();
     else
     {
-        EditBuffer buffer;
-        CurveEdit& record = buffer.edit();
+        // Described in a buffer kept from edit to edit.
+        LevelBuffer<CurveEdit> buffer;
+        CurveEdit& record = buffer.get();
         record.first = first;
         fKeys.copyOut(first, count, record.before);
         record.settingsBefore = fSettings;

@@ -3,6 +3,7 @@
 #include <maya/MAnimMessage.h>
 
 #include "engine/Callbacks.h"
+#include "engine/LevelBuffer.h"
 #include "engine/Undo.h"
 #include "file/SceneFile.h"
 #include "openmayaanim/AnimCurveNodes.h"
@@ -19,12 +20,38 @@ namespace mayasim::anim {
 
 namespace {
 
+using DeltaBlock = std::shared_ptr<std::vector<KeyframeDelta>>;
+
 struct Pending
 {
-    std::vector<KeyframeDelta> deltas; // objects are made of them at delivery
-    std::vector<MObject> curves;       // in the order of their first edit
-    std::uint64_t delivery = 0;        // counts deliveries, so a curve is listed once in each
+    // Objects are made of the deltas at delivery, all sharing their block.
+    // A block no object holds any more after its delivery is kept for a
+    // later one, so a delivery allocates nothing once the blocks have grown.
+    DeltaBlock deltas = std::make_shared<std::vector<KeyframeDelta>>();
+    std::vector<DeltaBlock> spareBlocks;
+    std::vector<MObject> curves; // in the order of their first edit
+    std::uint64_t delivery = 0;  // counts deliveries, so a curve is listed once in each
     bool scheduled = false;
+
+    DeltaBlock takeDeltas()
+    {
+        DeltaBlock taken = std::move(deltas);
+        if (spareBlocks.empty())
+            deltas = std::make_shared<std::vector<KeyframeDelta>>();
+        else
+        {
+            deltas = std::move(spareBlocks.back());
+            spareBlocks.pop_back();
+        }
+        return taken;
+    }
+    void giveBack(DeltaBlock block)
+    {
+        if (block.use_count() > 1)
+            return; // a callback kept a delta
+        block->clear();
+        spareBlocks.push_back(std::move(block));
+    }
 };
 
 Pending& pending()
@@ -45,21 +72,30 @@ struct Known
 Known* knownOf(AnimCurveData& curve)
 {
     static std::unordered_map<const AnimCurveData*, Known> known;
+    // The curve of the previous edit, looked at first: an entry stays in
+    // place until it is erased, which only its own curve does below.
+    static std::pair<const AnimCurveData*, Known*> last{nullptr, nullptr};
+    if (last.first == &curve && !last.second->node.expired())
+        return last.second;
+    last = {nullptr, nullptr};
     const auto holds = [&curve](const NodePtr& node) {
         return node && curveKind(*node) && curveData(*node).get() == &curve;
     };
     // A node found once keeps its keys while it lives, and they keep their address.
     Known& entry = known[&curve];
-    if (!entry.node.expired())
-        return &entry;
-    for (const NodePtr& node : scene::nodes())
-        if (holds(node))
+    if (entry.node.expired())
+    {
+        const auto& nodes = scene::nodes();
+        const auto found = std::find_if(nodes.begin(), nodes.end(), holds);
+        if (found == nodes.end())
         {
-            entry.node = node;
-            return &entry;
+            known.erase(&curve);
+            return nullptr;
         }
-    known.erase(&curve);
-    return nullptr;
+        entry.node = *found;
+    }
+    last = {&curve, &entry};
+    return &entry;
 }
 
 KeyframeDelta& delta(std::vector<KeyframeDelta>& out, KeyframeDelta::Kind kind, const MObject& curve,
@@ -160,13 +196,23 @@ void curveEdited(AnimCurveData& curve, const CurveEdit& edit)
 {
     if (file::reading())
         return; // a scene being read is no edit
+    // An edit delivered at once (an API edit outside MEL, nothing else
+    // pending) keeps only what the callbacks registered now receive. One
+    // that waits for a MEL run to end is kept whole: a callback registered
+    // meanwhile receives it too.
+    Pending& p = pending();
+    const bool deliveredNow = !p.scheduled && !runInProgress();
+    const bool deltasWanted = !deliveredNow || callbacks::listened(callbacks::Channel::AnimKeyframeEdited);
+    const bool curvesWanted = !deliveredNow || callbacks::listened(callbacks::Channel::AnimCurveEdited);
+    if (!deltasWanted && !curvesWanted)
+        return;
     Known* known = knownOf(curve);
     if (!known)
         return;
     const MObject node = objectOf(known->node.lock().get());
-    Pending& p = pending();
-    describe(p.deltas, node, curve, edit);
-    if (known->listedIn != p.delivery)
+    if (deltasWanted)
+        describe(*p.deltas, node, curve, edit);
+    if (curvesWanted && known->listedIn != p.delivery)
     {
         known->listedIn = p.delivery;
         p.curves.push_back(node);
@@ -180,13 +226,28 @@ void curveEdited(AnimCurveData& curve, const CurveEdit& edit)
 
 [[maybe_unused]] const bool observing = (setEditObserver(curveEdited), true);
 
-void fireWith(callbacks::Channel channel, const MObjectArray& objects)
+// The arrays of one delivery, kept from delivery to delivery.
+struct Delivery
+{
+    MObjectArray deltas;
+    MObjectArray curves;
+    MObjectArray handed;
+
+    void clear()
+    {
+        deltas.clear();
+        curves.clear();
+        handed.clear();
+    }
+};
+
+void fireWith(callbacks::Channel channel, const MObjectArray& objects, MObjectArray& handed)
 {
     callbacks::fire(channel, [](const callbacks::Callback&) { return true; },
-                    [&objects](const callbacks::Callback& c) {
-                        // Each callback gets its own array, which it may change.
-                        MObjectArray copy(objects);
-                        c.as<MMessage::MObjArray>()(copy, c.clientData);
+                    [&objects, &handed](const callbacks::Callback& c) {
+                        // Each callback gets its own copy, which it may change.
+                        handed = objects;
+                        c.as<MMessage::MObjArray>()(handed, c.clientData);
                     });
 }
 
@@ -220,26 +281,30 @@ void deliverKeyEdits()
     Pending& p = pending();
     p.scheduled = false;
     ++p.delivery;
-    // Objects are made only for a message someone listens to; all deltas of
-    // a delivery share one block.
-    MObjectArray deltas;
-    if (!p.deltas.empty() && !callbacks::registered(callbacks::Channel::AnimKeyframeEdited).empty())
+    // Callbacks may edit curves again: those edits are the next delivery's,
+    // which may come before this one ends and then takes the next level.
+    LevelBuffer<Delivery> buffer;
+    Delivery& d = buffer.get();
+    // Objects are made only for a message someone listens to.
+    DeltaBlock block;
+    if (!p.deltas->empty() && callbacks::listened(callbacks::Channel::AnimKeyframeEdited))
     {
-        auto block = std::make_shared<std::vector<KeyframeDelta>>(std::move(p.deltas));
-        for (KeyframeDelta& d : *block)
-            deltas.append(makeObject(std::shared_ptr<Object>(block, &d)));
+        block = p.takeDeltas();
+        for (KeyframeDelta& delta : *block)
+            d.deltas.append(makeObject(std::shared_ptr<Object>(block, &delta)));
     }
-    MObjectArray curves;
-    if (!p.curves.empty() && !callbacks::registered(callbacks::Channel::AnimCurveEdited).empty())
+    p.deltas->clear();
+    if (callbacks::listened(callbacks::Channel::AnimCurveEdited))
         for (const MObject& curve : p.curves)
-            curves.append(curve);
-    // Callbacks may edit curves again: those edits are the next delivery's.
-    p.deltas.clear();
+            d.curves.append(curve);
     p.curves.clear();
-    if (deltas.length() > 0)
-        fireWith(callbacks::Channel::AnimKeyframeEdited, deltas);
-    if (curves.length() > 0)
-        fireWith(callbacks::Channel::AnimCurveEdited, curves);
+    if (d.deltas.length() > 0)
+        fireWith(callbacks::Channel::AnimKeyframeEdited, d.deltas, d.handed);
+    if (d.curves.length() > 0)
+        fireWith(callbacks::Channel::AnimCurveEdited, d.curves, d.handed);
+    d.clear();
+    if (block)
+        p.giveBack(std::move(block));
 }
 
 } // namespace mayasim::anim
