@@ -6,6 +6,7 @@
 #include "engine/UndoQueue.h"
 
 #include <cmath>
+#include <deque>
 #include <map>
 
 namespace mayasim {
@@ -15,13 +16,16 @@ namespace {
 using mel::CommandArg;
 using mel::CommandCall;
 using mel::Expr;
+using mel::Procedure;
 using mel::Statement;
+using mel::arrayTypeOf;
 using Type = MelValue::Type;
 
 struct Variable
 {
     Type type = Type::None; // the declared type; assignments convert to it
     MelValue value;
+    Variable* ref = nullptr; // a global named by `global`, or an array passed to a proc: the variable itself
 };
 
 using Scope = std::map<std::string, Variable>;
@@ -38,14 +42,35 @@ Scope& globals()
     return scope;
 }
 
-Type arrayTypeOf(Type element)
+Type elementTypeOf(Type array)
 {
-    switch (element) {
-    case Type::Int: return Type::IntArray;
-    case Type::Float: return Type::FloatArray;
-    default: return Type::StringArray;
+    switch (array) {
+    case Type::IntArray: return Type::Int;
+    case Type::FloatArray: return Type::Float;
+    default: return Type::String;
     }
 }
+
+// Procs by name. A global proc keeps the local procs of the text that
+// defined it, which its body may call whenever it runs.
+using ProcTable = std::map<std::string, std::shared_ptr<const Procedure>>;
+
+struct GlobalProc
+{
+    std::shared_ptr<const Procedure> procedure;
+    std::shared_ptr<ProcTable> locals;
+};
+
+std::map<std::string, GlobalProc>& globalProcs()
+{
+    static std::map<std::string, GlobalProc> procs;
+    return procs;
+}
+
+// Proc calls recurse through the interpreter, across nested runs (eval) too;
+// deeper than this is an error rather than a stack overflow.
+constexpr int kMaxCallDepth = 500;
+int callDepth = 0;
 
 MelValue elementAt(const MelValue& array, size_t index)
 {
@@ -177,51 +202,168 @@ MelValue compare(const std::string& op, const MelValue& a, const MelValue& b)
     return MelValue::ofInt(result ? 1 : 0);
 }
 
-// One run of MEL text: its local scopes and undo flag.
+// One run of MEL text: its local scopes, local procs and undo flag.
 class Run
 {
 public:
     explicit Run(bool undo) : fUndo(undo) { fScopes.emplace_back(); }
 
+    // Statements recurse through here, and procs through them: each kind
+    // runs in a function of its own, so that the frames the recursion stacks
+    // hold only what the kinds on its path need.
     MelValue statement(const Statement& s)
     {
         switch (s.kind) {
         case Statement::Kind::Empty: return MelValue::none();
-        case Statement::Kind::Block: {
-            fScopes.emplace_back();
-            MelValue last;
-            try {
-                for (const auto& inner : s.body)
-                    last = statement(*inner);
-            } catch (...) {
-                fScopes.pop_back();
-                throw;
-            }
-            fScopes.pop_back();
-            return last;
-        }
-        case Statement::Kind::If:
-            if (truthy(expression(*s.condition)))
-                return statement(*s.then);
-            return s.otherwise ? statement(*s.otherwise) : MelValue::none();
+        case Statement::Kind::Block: return block(s);
+        case Statement::Kind::If: return ifElse(s);
         case Statement::Kind::Declare: declare(s); return MelValue::none();
         case Statement::Kind::Expression: return expression(*s.expr);
         case Statement::Kind::Command: return command(*s.call);
+        case Statement::Kind::For: forLoop(s); return MelValue::none();
+        case Statement::Kind::ForIn: forIn(s); return MelValue::none();
+        case Statement::Kind::While: whileLoop(s); return MelValue::none();
+        case Statement::Kind::DoWhile: doWhileLoop(s); return MelValue::none();
+        case Statement::Kind::Break: fFlow = Flow::Break; return MelValue::none();
+        case Statement::Kind::Continue: fFlow = Flow::Continue; return MelValue::none();
+        case Statement::Kind::Return: returnValue(s); return MelValue::none();
+        case Statement::Kind::Proc: define(s.procedure); return MelValue::none();
         }
         return MelValue::none();
     }
 
 private:
+    // What ends the statements run so far early: a break, continue or return.
+    enum class Flow { Normal, Break, Continue, Return };
+
     bool fUndo;
-    std::vector<Scope> fScopes;
+    // A deque: pushing and popping scopes keeps the addresses of the
+    // variables in the others, which refs point to.
+    std::deque<Scope> fScopes;
+    int fFrames = 0; // proc calls running in this run
+    Flow fFlow = Flow::Normal;
+    MelValue fReturned;
+    std::shared_ptr<ProcTable> fLocals; // made when the first local or global proc is defined
+
+    class NestedScope
+    {
+    public:
+        explicit NestedScope(Run& run) : fRun(run) { fRun.fScopes.emplace_back(); }
+        ~NestedScope() { fRun.fScopes.pop_back(); }
+        NestedScope(const NestedScope&) = delete;
+        NestedScope& operator=(const NestedScope&) = delete;
+
+    private:
+        Run& fRun;
+    };
+
+    MelValue block(const Statement& s)
+    {
+        const NestedScope scope(*this);
+        MelValue last;
+        for (const auto& inner : s.body) {
+            last = statement(*inner);
+            if (fFlow != Flow::Normal)
+                break;
+        }
+        return last;
+    }
+
+    MelValue ifElse(const Statement& s)
+    {
+        if (holds(*s.condition))
+            return statement(*s.then);
+        return s.otherwise ? statement(*s.otherwise) : MelValue::none();
+    }
+
+    bool holds(const Expr& condition) { return truthy(expression(condition)); }
+
+    void forLoop(const Statement& s)
+    {
+        for (const auto& start : s.start)
+            discard(*start);
+        while (!s.condition || holds(*s.condition)) {
+            statement(*s.then);
+            if (loopEnds())
+                break;
+            for (const auto& step : s.step)
+                discard(*step);
+        }
+    }
+
+    void discard(const Expr& e) { expression(e); }
+
+    void whileLoop(const Statement& s)
+    {
+        while (holds(*s.condition)) {
+            statement(*s.then);
+            if (loopEnds())
+                break;
+        }
+    }
+
+    void doWhileLoop(const Statement& s)
+    {
+        do {
+            statement(*s.then);
+            if (loopEnds())
+                break;
+        } while (holds(*s.condition));
+    }
+
+    void returnValue(const Statement& s)
+    {
+        fReturned = s.expr ? expression(*s.expr) : MelValue::none();
+        fFlow = Flow::Return;
+    }
+
+    // After a loop's body: whether the loop stops, taking its break or
+    // continue; a return goes on out.
+    bool loopEnds()
+    {
+        if (fFlow == Flow::Break) {
+            fFlow = Flow::Normal;
+            return true;
+        }
+        if (fFlow == Flow::Continue)
+            fFlow = Flow::Normal;
+        return fFlow == Flow::Return;
+    }
+
+    void forIn(const Statement& s)
+    {
+        const MelValue items = expression(*s.expr);
+        if (!items.isArray())
+            throw MelError("The expression after \"in\" is not an array.");
+        // A variable declared by the loop lives in it; an undeclared one is
+        // declared where the loop is, with the element type.
+        std::unique_ptr<NestedScope> scope;
+        if (s.type != Type::None) {
+            scope = std::make_unique<NestedScope>(*this);
+            fScopes.back()[s.variable] = Variable{s.type, convert(MelValue::none(), s.type)};
+        } else if (!find(s.variable)) {
+            const Type type = elementTypeOf(items.type);
+            fScopes.back()[s.variable] = Variable{type, convert(MelValue::none(), type)};
+        }
+        for (size_t k = 0; k < arraySize(items); ++k) {
+            Variable* variable = find(s.variable);
+            variable->value = convert(elementAt(items, k), variable->type);
+            statement(*s.then);
+            if (loopEnds())
+                break;
+        }
+    }
 
     Variable* find(const std::string& name)
     {
         for (auto scope = fScopes.rbegin(); scope != fScopes.rend(); ++scope) {
             auto found = scope->find(name);
             if (found != scope->end())
-                return &found->second;
+                return found->second.ref ? found->second.ref : &found->second;
         }
+        // Outside procs globals need no `global` line.
+        if (fFrames > 0)
+            return nullptr;
         auto found = globals().find(name);
         return found == globals().end() ? nullptr : &found->second;
     }
@@ -230,18 +372,129 @@ private:
     {
         for (const auto& declared : s.declarations) {
             const Type type = declared.array ? arrayTypeOf(s.type) : s.type;
-            if (s.global && globals().count(declared.name)) {
-                // A global is initialised once; declaring it again only names it.
-                if (globals()[declared.name].type != type)
+            if (s.global) {
+                auto found = globals().find(declared.name);
+                if (found == globals().end()) {
+                    Variable variable{type, convert(MelValue::none(), type)};
+                    if (declared.init)
+                        variable.value = convert(expression(*declared.init), type);
+                    found = globals().emplace(declared.name, std::move(variable)).first;
+                } else if (found->second.type != type) {
                     throw MelError("Invalid redeclaration of variable \"$" + declared.name + "\" as a different type.");
+                }
+                // A global is initialised once; declaring it again only names
+                // it, here and in the scopes inside.
+                fScopes.back()[declared.name] = Variable{type, MelValue::none(), &found->second};
                 continue;
             }
             Variable variable{type, convert(MelValue::none(), type)};
             if (declared.init)
                 variable.value = convert(expression(*declared.init), type);
-            (s.global ? globals() : fScopes.back())[declared.name] = std::move(variable);
+            fScopes.back()[declared.name] = std::move(variable);
         }
     }
+
+    void define(const std::shared_ptr<const Procedure>& procedure)
+    {
+        if (!fLocals)
+            fLocals = std::make_shared<ProcTable>();
+        if (procedure->global)
+            globalProcs()[procedure->name] = GlobalProc{procedure, fLocals};
+        else
+            (*fLocals)[procedure->name] = procedure;
+    }
+
+    // The proc a call names, local ones first; null when it names a command.
+    const Procedure* findProc(const std::string& name, std::shared_ptr<ProcTable>& locals)
+    {
+        if (fLocals) {
+            auto found = fLocals->find(name);
+            if (found != fLocals->end()) {
+                locals = fLocals;
+                return found->second.get();
+            }
+        }
+        if (globalProcs().empty())
+            return nullptr;
+        auto found = globalProcs().find(name);
+        if (found == globalProcs().end())
+            return nullptr;
+        locals = found->second.locals;
+        return found->second.procedure.get();
+    }
+
+    // Runs a proc in scopes of its own: its parameters, then its body. Arrays
+    // pass by reference, as in Maya: the proc edits the caller's variable.
+    MelValue callProc(const Procedure& proc, std::shared_ptr<ProcTable> locals, const CommandCall& call)
+    {
+        std::deque<Scope> frame = arguments(proc, call);
+        if (callDepth >= kMaxCallDepth)
+            throw MelError("Procedure calls nest more than " + std::to_string(kMaxCallDepth) + " deep (calling " +
+                           proc.name + ").");
+        const Frame running(*this, frame, locals);
+        statement(*proc.body);
+        return returned(proc);
+    }
+
+    MelValue returned(const Procedure& proc)
+    {
+        const MelValue value = fFlow == Flow::Return ? std::move(fReturned) : MelValue::none();
+        fFlow = Flow::Normal;
+        return proc.returns == Type::None ? MelValue::none() : convert(value, proc.returns);
+    }
+
+    // The scope a proc starts with: its parameters, bound to the arguments.
+    std::deque<Scope> arguments(const Procedure& proc, const CommandCall& call)
+    {
+        if (call.args.size() != proc.parameters.size())
+            throw MelError("Wrong number of arguments on call to " + proc.name + ".");
+        std::deque<Scope> frame(1);
+        for (size_t k = 0; k < call.args.size(); ++k) {
+            const CommandArg& arg = call.args[k];
+            const mel::Parameter& parameter = proc.parameters[k];
+            Variable& bound = frame.back()[parameter.name];
+            bound.type = parameter.type;
+            if (arg.kind != CommandArg::Kind::Value) {
+                bound.value = convert(MelValue::ofString(arg.text), parameter.type);
+                continue;
+            }
+            const Expr& value = *arg.value;
+            Variable* passed = value.kind == Expr::Kind::Variable && !value.index ? find(value.name) : nullptr;
+            if (passed && passed->type == parameter.type && passed->value.isArray())
+                bound.ref = passed;
+            else
+                bound.value = convert(expression(value), parameter.type);
+        }
+        return frame;
+    }
+
+    // A proc's scopes and local procs stand in for the caller's while it runs.
+    class Frame
+    {
+    public:
+        Frame(Run& run, std::deque<Scope>& scopes, std::shared_ptr<ProcTable>& locals)
+            : fRun(run), fScopes(scopes), fLocals(locals)
+        {
+            fRun.fScopes.swap(fScopes);
+            fRun.fLocals.swap(fLocals);
+            ++fRun.fFrames;
+            ++callDepth;
+        }
+        ~Frame()
+        {
+            fRun.fScopes.swap(fScopes);
+            fRun.fLocals.swap(fLocals);
+            --fRun.fFrames;
+            --callDepth;
+        }
+        Frame(const Frame&) = delete;
+        Frame& operator=(const Frame&) = delete;
+
+    private:
+        Run& fRun;
+        std::deque<Scope>& fScopes;
+        std::shared_ptr<ProcTable>& fLocals;
+    };
 
     MelValue expression(const Expr& e)
     {
@@ -285,11 +538,12 @@ private:
     {
         MelValue value = expression(*e.operands[0]);
         Variable* variable = find(e.variable);
+        MelValue before;
         if (e.name != "=") {
             if (!variable)
                 throw MelError("\"$" + e.variable + "\" is an undeclared variable.");
-            const MelValue current = e.index ? elementAt(variable->value, index(*e.index)) : variable->value;
-            value = arithmetic(e.name.substr(0, 1), current, value);
+            before = e.index ? elementAt(variable->value, index(*e.index)) : variable->value;
+            value = arithmetic(e.name.substr(0, 1), before, value);
         }
         if (!variable) {
             // Assigning to a new name declares it with the value's type.
@@ -300,10 +554,10 @@ private:
         if (e.index) {
             const size_t at = index(*e.index);
             setElement(variable->value, at, value);
-            return elementAt(variable->value, at);
+            return e.postfix ? before : elementAt(variable->value, at);
         }
         variable->value = convert(value, variable->type);
-        return variable->value;
+        return e.postfix ? before : variable->value;
     }
 
     MelValue binary(const Expr& e)
@@ -344,6 +598,14 @@ private:
 
     MelValue command(const CommandCall& call)
     {
+        std::shared_ptr<ProcTable> locals;
+        if (const Procedure* proc = findProc(call.name, locals))
+            return callProc(*proc, std::move(locals), call);
+        return builtinOrPlugin(call);
+    }
+
+    MelValue builtinOrPlugin(const CommandCall& call)
+    {
         std::vector<Word> words;
         for (const CommandArg& arg : call.args) {
             if (arg.kind != CommandArg::Kind::Value) {
@@ -383,7 +645,9 @@ RunOutcome executeMel(const std::string& text, const RunOptions& options)
     } catch (const mel::SyntaxError& error) {
         writeOutput(OutputKind::Error, error.line);
         writeOutput(OutputKind::Error,
-                    "Line " + std::to_string(error.at.line) + "." + std::to_string(error.at.column) + ": Syntax error");
+                    !error.message.empty() ? error.message
+                                           : "Line " + std::to_string(error.at.line) + "." +
+                                                 std::to_string(error.at.column) + ": Syntax error");
         return outcome;
     }
     undo::Execution execution;

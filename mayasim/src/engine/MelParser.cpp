@@ -42,6 +42,19 @@ MelValue::Type typeOf(const std::string& word)
     return MelValue::Type::String;
 }
 
+} // namespace
+
+MelValue::Type arrayTypeOf(MelValue::Type element)
+{
+    switch (element) {
+    case MelValue::Type::Int: return MelValue::Type::IntArray;
+    case MelValue::Type::Float: return MelValue::Type::FloatArray;
+    default: return MelValue::Type::StringArray;
+    }
+}
+
+namespace {
+
 class Parser
 {
 public:
@@ -61,6 +74,8 @@ private:
     int fLine = 1;
     int fColumn = 1;
     int fDepth = 0;
+    int fLoops = 0;                   // loops around the cursor, for break and continue
+    const Procedure* fProc = nullptr; // the proc whose body is being read, for return
 
     // Statements and expressions nest through recursion, here and when they
     // run; deeper nesting than this is a syntax error rather than a stack
@@ -101,12 +116,27 @@ private:
         return c;
     }
 
-    [[noreturn]] void fail() const
+    [[noreturn]] void fail(const std::string& message = {}) const
     {
         const size_t start = fSource.rfind('\n', fPos == 0 ? 0 : fPos - 1);
         const size_t from = start == std::string::npos || start >= fPos ? 0 : start + 1;
         const size_t end = fSource.find('\n', from);
-        throw SyntaxError{here(), fSource.substr(from, end == std::string::npos ? std::string::npos : end - from)};
+        throw SyntaxError{here(), fSource.substr(from, end == std::string::npos ? std::string::npos : end - from),
+                          message};
+    }
+
+    // A place to come back to when a lookahead fails.
+    struct Mark
+    {
+        size_t pos;
+        int line, column;
+    };
+    Mark mark() const { return {fPos, fLine, fColumn}; }
+    void restore(const Mark& m)
+    {
+        fPos = m.pos;
+        fLine = m.line;
+        fColumn = m.column;
     }
 
     void skipSpace()
@@ -209,7 +239,7 @@ private:
             advance();
             return result;
         }
-        if (c == '$' || c == '`') {
+        if (c == '$' || c == '`' || ((c == '+' || c == '-') && peek(1) == c)) {
             result->kind = Statement::Kind::Expression;
             result->expr = expression();
             endOfStatement();
@@ -220,6 +250,22 @@ private:
         const std::string word = peekIdentifier();
         if (word == "if")
             return ifStatement(std::move(result));
+        if (word == "for")
+            return forStatement(std::move(result));
+        if (word == "while" || word == "do")
+            return whileStatement(std::move(result), word == "do");
+        if (word == "break" || word == "continue") {
+            skipIdentifier(word);
+            if (fLoops == 0)
+                fail();
+            result->kind = word == "break" ? Statement::Kind::Break : Statement::Kind::Continue;
+            endOfStatement();
+            return result;
+        }
+        if (word == "return")
+            return returnStatement(std::move(result));
+        if (word == "proc" || (word == "global" && globalProcFollows()))
+            return procedure(std::move(result));
         if (word == "global" || isTypeName(word))
             return declaration(std::move(result));
         if (word == "else")
@@ -262,6 +308,185 @@ private:
         return result;
     }
 
+    // The body of a loop: break and continue may appear in it.
+    StatementPtr loopBody()
+    {
+        ++fLoops;
+        StatementPtr body = statement();
+        --fLoops;
+        return body;
+    }
+
+    std::vector<ExprPtr> expressionList()
+    {
+        std::vector<ExprPtr> list;
+        do
+            list.push_back(expression());
+        while (accept(","));
+        return list;
+    }
+
+    // for (init; condition; step) or for ([type] $item in array).
+    StatementPtr forStatement(StatementPtr result)
+    {
+        skipIdentifier("for");
+        expect("(");
+        skipSpace();
+        const Mark start = mark();
+        const std::string typeWord = peekIdentifier();
+        if (isTypeName(typeWord)) {
+            skipIdentifier(typeWord);
+            result->type = typeOf(typeWord);
+            skipSpace();
+        }
+        if (peek() == '$') {
+            advance();
+            result->variable = identifier();
+            skipSpace();
+            const std::string word = peekIdentifier();
+            if (word == "in" && !result->variable.empty()) {
+                skipIdentifier(word);
+                result->kind = Statement::Kind::ForIn;
+                result->expr = expression();
+                expect(")");
+                result->then = loopBody();
+                return result;
+            }
+        }
+        if (result->type != MelValue::Type::None)
+            fail(); // a declaration only declares the variable of a for-in
+        restore(start);
+        result->variable.clear();
+        result->kind = Statement::Kind::For;
+        if (!accept(";")) {
+            result->start = expressionList();
+            expect(";");
+        }
+        if (!accept(";")) {
+            result->condition = expression();
+            expect(";");
+        }
+        if (!accept(")")) {
+            result->step = expressionList();
+            expect(")");
+        }
+        result->then = loopBody();
+        return result;
+    }
+
+    // while (condition) body, or do body while (condition);
+    StatementPtr whileStatement(StatementPtr result, bool bodyFirst)
+    {
+        if (bodyFirst) {
+            skipIdentifier("do");
+            result->kind = Statement::Kind::DoWhile;
+            result->then = loopBody();
+            skipSpace();
+            if (peekIdentifier() != "while")
+                fail();
+        } else {
+            result->kind = Statement::Kind::While;
+        }
+        skipIdentifier("while");
+        expect("(");
+        result->condition = expression();
+        expect(")");
+        if (bodyFirst)
+            endOfStatement();
+        else
+            result->then = loopBody();
+        return result;
+    }
+
+    StatementPtr returnStatement(StatementPtr result)
+    {
+        skipIdentifier("return");
+        if (!fProc)
+            fail();
+        result->kind = Statement::Kind::Return;
+        skipSpace();
+        const bool hasValue = !atEnd() && peek() != ';' && peek() != '}';
+        if (hasValue && fProc->returns == MelValue::Type::None)
+            fail("This procedure has no return value.");
+        if (!hasValue && fProc->returns != MelValue::Type::None)
+            fail();
+        if (hasValue)
+            result->expr = expression();
+        endOfStatement();
+        return result;
+    }
+
+    bool globalProcFollows()
+    {
+        const Mark start = mark();
+        skipIdentifier("global");
+        skipSpace();
+        const bool proc = peekIdentifier() == "proc";
+        restore(start);
+        return proc;
+    }
+
+    // [global] proc [type[[]]] name([type $p[[]], ...]) { ... }, only at the
+    // top level of a script.
+    StatementPtr procedure(StatementPtr result)
+    {
+        if (fDepth != 1)
+            fail();
+        auto proc = std::make_shared<Procedure>();
+        if (peekIdentifier() == "global") {
+            proc->global = true;
+            skipIdentifier("global");
+            skipSpace();
+        }
+        skipIdentifier("proc");
+        skipSpace();
+        std::string word = identifier();
+        skipSpace();
+        if (isTypeName(word) && (peek() == '[' || isIdentifierStart(peek()))) {
+            proc->returns = typeOf(word);
+            if (accept("[")) {
+                expect("]");
+                proc->returns = arrayTypeOf(proc->returns);
+            }
+            skipSpace();
+            word = identifier();
+        }
+        if (word.empty())
+            fail();
+        proc->name = word;
+        expect("(");
+        if (!accept(")")) {
+            do {
+                skipSpace();
+                const std::string type = identifier();
+                if (!isTypeName(type))
+                    fail();
+                skipSpace();
+                if (peek() != '$')
+                    fail();
+                advance();
+                Parameter parameter{identifier(), typeOf(type)};
+                if (parameter.name.empty())
+                    fail();
+                if (accept("[")) {
+                    expect("]");
+                    parameter.type = arrayTypeOf(parameter.type);
+                }
+                proc->parameters.push_back(std::move(parameter));
+            } while (accept(","));
+            expect(")");
+        }
+        skipSpace();
+        if (peek() != '{')
+            fail();
+        fProc = proc.get();
+        proc->body = statement();
+        fProc = nullptr;
+        result->kind = Statement::Kind::Proc;
+        result->procedure = std::move(proc);
+        return result;
+    }
+
     StatementPtr declaration(StatementPtr result)
     {
         result->kind = Statement::Kind::Declare;
@@ -284,6 +509,10 @@ private:
             if (declared.name.empty())
                 fail();
             if (accept("[")) {
+                // A size ("string $cars[3]") is only a hint: arrays grow on assignment.
+                skipSpace();
+                while (std::isdigit(static_cast<unsigned char>(peek())))
+                    advance();
                 expect("]");
                 declared.array = true;
             }
@@ -380,7 +609,7 @@ private:
             std::string op;
             if (peek() == '=' && peek(1) != '=')
                 op = "=";
-            else if ((peek() == '+' || peek() == '-') && peek(1) == '=')
+            else if ((peek() == '+' || peek() == '-' || peek() == '*' || peek() == '/') && peek(1) == '=')
                 op = std::string(1, peek()) + "=";
             if (!op.empty()) {
                 for (size_t k = 0; k < op.size(); ++k)
@@ -419,8 +648,8 @@ private:
         for (const char* op : operators) {
             const std::string text = op;
             if (fSource.compare(fPos, text.size(), text) == 0) {
-                // "+=" and "-=" belong to an assignment, never to a sum.
-                if ((text == "+" || text == "-") && peek(1) == '=')
+                // "+=", "*=" and the like belong to an assignment, never to a sum.
+                if ((text == "+" || text == "-" || text == "*" || text == "/") && peek(1) == '=')
                     return "";
                 return text;
             }
@@ -453,6 +682,12 @@ private:
         const Nesting nesting(*this);
         skipSpace();
         const char c = peek();
+        if ((c == '+' || c == '-') && peek(1) == c && incrementsVariable()) {
+            advance();
+            advance();
+            skipSpace();
+            return increment(variable(), c, false);
+        }
         if ((c == '!' && peek(1) != '=') || c == '-' || c == '+') {
             auto node = std::make_unique<Expr>();
             node->kind = Expr::Kind::Unary;
@@ -462,6 +697,30 @@ private:
             return node;
         }
         return primary();
+    }
+
+    // "++" or "--" at the cursor is an increment only before a variable:
+    // "--1" stays two negations.
+    bool incrementsVariable() const
+    {
+        size_t next = fPos + 2;
+        while (next < fSource.size() && isSpace(fSource[next]))
+            ++next;
+        return next < fSource.size() && fSource[next] == '$';
+    }
+
+    // ++$x is $x += 1; $x++ is the same but gives the value before.
+    ExprPtr increment(ExprPtr target, char sign, bool postfix)
+    {
+        auto node = std::make_unique<Expr>();
+        node->kind = Expr::Kind::Assign;
+        node->at = target->at;
+        node->name = std::string(1, sign) + "=";
+        node->variable = target->name;
+        node->index = std::move(target->index);
+        node->postfix = postfix;
+        node->operands.push_back(literal(MelValue::ofInt(1), target->at));
+        return node;
     }
 
     ExprPtr literal(MelValue value, Location at)
@@ -481,8 +740,15 @@ private:
             return number(at);
         if (c == '"')
             return literal(MelValue::ofString(stringLiteral()), at);
-        if (c == '$')
-            return variable();
+        if (c == '$') {
+            ExprPtr target = variable();
+            if ((peek() == '+' || peek() == '-') && peek(1) == peek()) {
+                const char sign = advance();
+                advance();
+                return increment(std::move(target), sign, true);
+            }
+            return target;
+        }
         if (c == '`')
             return backTicks();
         if (c == '(') {

@@ -46,6 +46,7 @@ struct Expr
     std::string name;                // Variable and Assign: the name without '$'; Unary, Binary, Assign: operator
     std::string variable;            // Assign: the variable assigned
     ExprPtr index;                   // Variable, Assign: element index, if any
+    bool postfix = false;            // Assign: $x++ and $x-- give the value before
     std::vector<ExprPtr> operands;   // Unary 1, Binary 2, Assign 1 (the value), Array n
     std::unique_ptr<CommandCall> call; // Command: back-tick substitution or function-call form
 };
@@ -57,27 +58,50 @@ struct Declaration
     ExprPtr init;
 };
 
+struct Parameter
+{
+    std::string name;
+    MelValue::Type type = MelValue::Type::None; // an array type for `int $a[]`
+};
+
+// A proc outlives the text that defined it when it is global.
+struct Procedure
+{
+    std::string name;
+    bool global = false;
+    MelValue::Type returns = MelValue::Type::None; // None: no return value
+    std::vector<Parameter> parameters;
+    StatementPtr body; // a Block
+};
+
 struct Statement
 {
-    enum class Kind { Empty, Block, If, Declare, Expression, Command };
+    enum class Kind { Empty, Block, If, Declare, Expression, Command, For, ForIn, While, DoWhile, Break, Continue, Return, Proc };
     Kind kind = Kind::Empty;
     Location at;
     std::string text;                  // the source of the statement, for undo step names
     std::vector<StatementPtr> body;    // Block
-    ExprPtr condition;                 // If
-    StatementPtr then, otherwise;      // If
+    ExprPtr condition;                 // If, For (may be null), While, DoWhile
+    StatementPtr then, otherwise;      // If; then is the body of a loop
     bool global = false;               // Declare
-    MelValue::Type type = MelValue::Type::None; // Declare: Int, Float or String
+    MelValue::Type type = MelValue::Type::None; // Declare: Int, Float or String; ForIn: the declared loop variable's, if any
     std::vector<Declaration> declarations;
-    ExprPtr expr;                      // Expression
+    ExprPtr expr;                      // Expression; ForIn: the array; Return: the value, if any
+    std::vector<ExprPtr> start, step;  // For: comma-separated expressions
+    std::string variable;              // ForIn: the loop variable, without '$'
     std::unique_ptr<CommandCall> call; // Command
+    std::shared_ptr<const Procedure> procedure; // Proc
 };
 
 struct SyntaxError
 {
     Location at;
     std::string line; // the source line the error is on
+    std::string message; // Maya's words when it names the fault; else "Line L.C: Syntax error"
 };
+
+// The array type of an element type: Int gives IntArray.
+MelValue::Type arrayTypeOf(MelValue::Type element);
 
 // Throws SyntaxError.
 std::vector<StatementPtr> parse(const std::string& source, int firstLine = 1);
