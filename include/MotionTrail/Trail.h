@@ -5,6 +5,7 @@
 
 #include <maya/MCallbackIdArray.h>
 #include <maya/MDagMessage.h>
+#include <maya/MFnAnimCurve.h>
 #include <maya/MMatrix.h>
 #include <maya/MNodeMessage.h>
 #include <maya/MObjectArray.h>
@@ -86,6 +87,13 @@ private:
     unsigned int fId;
     TransformReader fReader;
     MCallbackIdArray fCallbacks;
+    // The curve of the last delta marked and its key count, held from
+    // message to message: the key slider's edits come one key at a time,
+    // many in a row on one curve, and only a key added or removed changes
+    // the count.
+    MObject fEditedCurve;
+    MFnAnimCurve fEditedCurveFn;
+    unsigned int fEditedCurveKeys = 0;
     uint32_t fReachedEnds = 0;
     uint32_t fDirection = 2;
     MTime fRangeStart;

@@ -76,19 +76,20 @@ void Cache::markAllFrames()
 void Cache::markEditedFrames(const MObjectArray& editedKeys)
 {
     const double start = fRangeStart.value(), end = fRangeEnd.value();
-    // The deltas of one edit come curve by curve: the curve is looked at
-    // once for each run of its deltas.
-    MObject curveNode;
-    MFnAnimCurve curve;
-    unsigned int count = 0;
+    // Deltas come curve by curve: the curve is looked at once for each run
+    // of its deltas, and again only when a key came or went.
+    const MFnAnimCurve& curve = fEditedCurveFn;
     for (unsigned int i = 0; i < editedKeys.length(); ++i) {
         MFnKeyframeDelta delta(editedKeys[i]);
         const MObject edited = delta.paramCurve();
-        if (edited != curveNode) {
-            curveNode = edited;
-            curve.setObject(curveNode);
-            count = curve.numKeys();
+        if (edited != fEditedCurve) {
+            fEditedCurve = edited;
+            fEditedCurveFn.setObject(fEditedCurve);
+            fEditedCurveKeys = curve.numKeys();
+        } else if (editedKeys[i].hasFn(MFn::kKeyframeDeltaAddRemove)) {
+            fEditedCurveKeys = curve.numKeys();
         }
+        const unsigned int count = fEditedCurveKeys;
         const unsigned int k = delta.keyIndex();
         if (count == 0)
             continue;
