@@ -601,7 +601,21 @@ private:
         std::shared_ptr<ProcTable> locals;
         if (const Procedure* proc = findProc(call.name, locals))
             return callProc(*proc, std::move(locals), call);
+        if (call.name == "size")
+            return size(call);
         return builtinOrPlugin(call);
+    }
+
+    // MEL's size counts an array's elements or a string's characters: it
+    // needs the value, which words would lose.
+    MelValue size(const CommandCall& call)
+    {
+        if (call.args.size() != 1)
+            throw MelError("Wrong number of arguments on call to size.");
+        const CommandArg& arg = call.args[0];
+        const MelValue value =
+            arg.kind == CommandArg::Kind::Value ? expression(*arg.value) : MelValue::ofString(arg.text);
+        return MelValue::ofInt(static_cast<long>(value.isArray() ? arraySize(value) : value.asString().size()));
     }
 
     MelValue builtinOrPlugin(const CommandCall& call)

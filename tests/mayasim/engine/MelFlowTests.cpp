@@ -84,11 +84,19 @@ TEST_F(MelProcs, TypedProcsReturnRecurseAndAreCalledBothWays)
     // A typed proc that ends without return gives its type's empty value.
     EXPECT_EQ(stringResult("global proc float mtNothing() { } $v = mtNothing() + 1"), "1");
 
-    // Arrays pass by reference; other values by copy.
-    EXPECT_EQ(stringResult("global proc mtAppend(string $list[], string $item, int $n) { $list[2] = $item; $n = 9; }\n"
-                           "string $names[] = {\"a\", \"b\"}; int $n = 1; mtAppend($names, \"c\", $n); "
-                           "$names[2] + $n"),
-              "c1");
+    // Arrays pass by reference (the documentation's example); other values by copy.
+    EXPECT_EQ(stringResult("proc fred( string $myArray[] ) {\n"
+                           " for ( $i=0; $i<size($myArray); ++$i ) {\n"
+                           " $myArray[$i] = \"fred\";\n"
+                           " }\n"
+                           " $myArray[$i] = \"flintstone\"; // add to the end of the array.\n"
+                           " }\n"
+                           "string $a[] = {\"nurbConeShape1\", \"nurbSphereShape1\"}; fred($a); $a"),
+              "fred fred flintstone");
+    EXPECT_EQ(stringResult("global proc mtCopies(int $n, string $s) { $n = 9; $s = \"changed\"; }\n"
+                           "int $n = 1; string $s = \"kept\"; mtCopies($n, $s); $s + $n"),
+              "kept1");
+    EXPECT_EQ(stringResult("$v = size(\"four\") + size({1, 2}) + `size \"ab\"`"), "8");
 
     // A proc sees its parameters and locals only; globals through `global`.
     ASSERT_TRUE(mel("global int $gMtCount = 0;\n"
