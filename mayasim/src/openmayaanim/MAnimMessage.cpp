@@ -209,7 +209,7 @@ void curveEdited(AnimCurveData& curve, const CurveEdit& edit)
     Known* known = knownOf(curve);
     if (!known)
         return;
-    const MObject node = objectOf(known->node.lock().get());
+    const MObject node = makeObject(known->node.lock());
     if (deltasWanted)
         describe(*p.deltas, node, curve, edit);
     if (curvesWanted && known->listedIn != p.delivery)
