@@ -6,6 +6,7 @@
 #include <maya/MAnimMessage.h>
 #include <maya/MAnimCurveChange.h>
 #include <maya/MCallbackIdArray.h>
+#include <maya/MEventMessage.h>
 #include <maya/MFnAnimCurve.h>
 #include <maya/MFnKeyframeDeltaAddRemove.h>
 #include <maya/MFnKeyframeDeltaInfType.h>
@@ -31,17 +32,28 @@ struct Delta
 
 class KeyEvents : public SceneTest
 {
+public:
+    void listen()
+    {
+        ids.append(MAnimMessage::addAnimKeyframeEditedCallback(onKeys, this));
+        ids.append(MAnimMessage::addAnimCurveEditedCallback(onCurves, this));
+    }
+    void stopListening()
+    {
+        MMessage::removeCallbacks(ids);
+        ids.clear();
+    }
+
 protected:
     void SetUp() override
     {
         SceneTest::SetUp();
         ASSERT_TRUE(mel("createNode transform -n box"));
-        ids.append(MAnimMessage::addAnimKeyframeEditedCallback(onKeys, this));
-        ids.append(MAnimMessage::addAnimCurveEditedCallback(onCurves, this));
+        listen();
     }
     void TearDown() override
     {
-        MMessage::removeCallbacks(ids);
+        stopListening();
         SceneTest::TearDown();
     }
 
@@ -226,4 +238,32 @@ TEST_F(KeyEvents, InfinityChangesAreDeltasToo)
     MStatus status;
     MFnKeyframeDeltaMove move(tangentDeltas[0], &status);
     EXPECT_FALSE(status);
+}
+
+// Edits wait for the run's end whoever listens when they are made: a
+// callback registered later in the run receives them. An API edit outside
+// MEL is delivered at once, to those listening then.
+TEST_F(KeyEvents, ACallbackRegisteredDuringARunReceivesTheRunsEarlierEdits)
+{
+    stopListening();
+    const MCallbackId selection = MEventMessage::addEventCallback(
+        "SelectionChanged", [](void* data) { static_cast<KeyEvents*>(data)->listen(); }, this);
+    ASSERT_TRUE(mel("setKeyframe -t 1 -v 2 -at tx box; select box"));
+    MMessage::removeCallback(selection);
+    ASSERT_EQ(deliveries.size(), 1u);
+    ASSERT_EQ(deliveries[0].size(), 1u);
+    EXPECT_EQ(deliveries[0][0].curve, "box_translateX");
+    EXPECT_EQ(deliveries[0][0].deltaType, MFnKeyframeDeltaAddRemove::kAdded);
+    EXPECT_EQ(editedCurves, (std::vector<std::vector<std::string>>{{"box_translateX"}}));
+
+    stopListening();
+    MFnAnimCurve curve(nodeNamed("box_translateX"));
+    ASSERT_TRUE(curve.setValue(0, 5.0));
+    listen();
+    ASSERT_TRUE(curve.setValue(0, 6.0));
+    ASSERT_EQ(deliveries.size(), 2u);
+    ASSERT_EQ(deliveries[1].size(), 1u);
+    EXPECT_EQ(deliveries[1][0].previous, 5.0);
+    EXPECT_EQ(deliveries[1][0].value, 6.0);
+    EXPECT_EQ(editedCurves.size(), 2u);
 }
