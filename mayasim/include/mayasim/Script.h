@@ -6,9 +6,10 @@
 namespace mayasim::host {
 
 // Runs the file's statements in turn as if each were entered in the script
-// editor: echoed, then its result. Stops at the first failing statement, as
-// sourcing a script does. False when the file can't be read or a statement
-// failed.
+// editor: echoed, then its result. As sourcing a script does, a syntax error
+// anywhere runs nothing, a failing statement stops the rest, and the file's
+// locals and local procs last to its end. False when the file can't be read
+// or a statement failed.
 bool runScript(const std::string& path);
 
 // Runs a Python file (mayasim-batch -python) as one undo step; errors name

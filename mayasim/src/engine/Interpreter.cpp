@@ -8,6 +8,7 @@
 #include <cmath>
 #include <deque>
 #include <map>
+#include <optional>
 
 namespace mayasim {
 
@@ -664,9 +665,18 @@ RunOutcome executeMel(const std::string& text, const RunOptions& options)
                                                  std::to_string(error.at.column) + ": Syntax error");
         return outcome;
     }
-    undo::Execution execution;
+    // A script's statements are each a run of their own (the work queued
+    // after a run follows each), sharing the script's locals and local procs.
+    std::optional<undo::Execution> whole;
+    if (!options.script)
+        whole.emplace();
     Run run(options.undo);
     for (const auto& statement : statements) {
+        std::optional<undo::Execution> own;
+        if (options.script) {
+            writeOutput(OutputKind::Echo, statement->text + ";");
+            own.emplace();
+        }
         try {
             outcome.value = run.statement(*statement);
         } catch (const MelError& error) {
@@ -676,7 +686,9 @@ RunOutcome executeMel(const std::string& text, const RunOptions& options)
             reportError(std::string("Internal error: ") + error.what(), statement->at.line);
             return outcome;
         }
-        execution.statementFinished(statement->text);
+        (own ? *own : *whole).statementFinished(statement->text);
+        if (options.script && outcome.value.type != Type::None)
+            writeOutput(OutputKind::Result, outcome.value.resultText());
     }
     outcome.ok = true;
     if (options.display && outcome.value.type != Type::None)

@@ -12,6 +12,7 @@ struct RunOptions
     bool display = false; // echo the text and print "// Result: ... //"
     bool undo = true;     // record the work in the undo queue
     int firstLine = 1;    // the line the text starts on, for error messages
+    bool script = false;  // a script file: each top-level statement echoed, run on its own, its value printed
 };
 
 struct RunOutcome

@@ -1,6 +1,5 @@
 #include "engine/Interpreter.h"
 #include "engine/Output.h"
-#include "file/Statements.h"
 
 #include <mayasim/Script.h>
 
@@ -19,16 +18,7 @@ bool runScript(const std::string& path)
     }
     std::ostringstream text;
     text << in.rdbuf();
-    for (const file::Statement& statement : file::splitStatements(text.str()))
-    {
-        writeOutput(OutputKind::Echo, statement.text + ";");
-        const RunOutcome outcome = executeMel(statement.text + ";", RunOptions{false, true, statement.line});
-        if (!outcome.ok)
-            return false;
-        if (outcome.value.type != MelValue::Type::None)
-            writeOutput(OutputKind::Result, outcome.value.resultText());
-    }
-    return true;
+    return executeMel(text.str(), RunOptions{false, true, 1, true}).ok;
 }
 
 } // namespace mayasim::host

@@ -7,6 +7,7 @@
 #include <gmock/gmock.h>
 
 using ::testing::HasSubstr;
+using ::testing::Not;
 
 namespace {
 
@@ -50,6 +51,28 @@ TEST_F(Batch, LoadsRunsAScriptAndSaves)
     EXPECT_THAT(result.output, HasSubstr("getAttr hand.worldMatrix;\n// Result: "));
     ASSERT_TRUE(MFileIO::open(saved.c_str(), nullptr, true));
     EXPECT_EQ(melString("getAttr hand.tz"), "4");
+}
+
+TEST_F(Batch, AScriptRunsAsSourcingDoes)
+{
+    // Its locals and local procs last to its end; a loop's header or an
+    // else stays with its statement.
+    const std::string script = scratchFile("loops.mel");
+    write(script, "proc string twice(string $s) { return $s + $s; }\n"
+                  "string $digits;\n"
+                  "for ($i = 0; $i < 3; $i++) $digits += $i;\n"
+                  "if ($digits == \"012\") print (twice($digits) + \"\\n\"); else print \"split\\n\";\n");
+    BatchRun result = run("-script \"" + script + "\"");
+    EXPECT_EQ(result.status, 0) << result.output;
+    EXPECT_THAT(result.output, HasSubstr("for ($i = 0; $i < 3; $i++) $digits += $i;\n"));
+    EXPECT_THAT(result.output, HasSubstr("\n012012\n"));
+
+    // A syntax error anywhere runs nothing.
+    write(script, "print \"ran\\n\";\nfor ($i = 0; $i < 3; $i++ print $i;\n");
+    result = run("-script \"" + script + "\"");
+    EXPECT_EQ(result.status, 1);
+    EXPECT_THAT(result.output, HasSubstr("// Error: Line 2.27: Syntax error //"));
+    EXPECT_THAT(result.output, Not(HasSubstr("\nran\n")));
 }
 
 TEST_F(Batch, BadArgumentsPrintTheUsage)
