@@ -152,6 +152,9 @@ extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv)
     QDir::setCurrent(home);
     if (!fuzz::folder().isValid() || !MLibrary::initialize("orvane_fuzz", true))
         std::abort();
+    // MEL loops may be endless, as in Maya: bounded here, such an input
+    // fails rather than stalls.
+    mayasim::host::setMelStepBudget(10000);
     std::atexit([] { MLibrary::cleanup(0, false); });
     return 0;
 }

@@ -53,6 +53,12 @@ void failRegistrationAt(int n);
 using PluginEntryPoint = MStatus (*)(MObject);
 bool loadLinkedPlugin(const std::string& name, PluginEntryPoint initialize, PluginEntryPoint uninitialize);
 
+// --- MEL ---------------------------------------------------------------------
+// Bounds the loop passes and proc calls each MEL run may make, for fuzzing,
+// where an endless loop would stall; past the bound the run fails. 0, the
+// default, is no bound, as in Maya.
+void setMelStepBudget(long steps);
+
 // --- main loop -------------------------------------------------------------
 // One "idle" event: each idle callback runs once, in order. Callbacks added
 // during the tick wait for the next one, as do commands queued on idle.

@@ -5,6 +5,8 @@
 #include "engine/Output.h"
 #include "engine/UndoQueue.h"
 
+#include <mayasim/Host.h>
+
 #include <cmath>
 #include <deque>
 #include <map>
@@ -72,6 +74,8 @@ std::map<std::string, GlobalProc>& globalProcs()
 // deeper than this is an error rather than a stack overflow.
 constexpr int kMaxCallDepth = 500;
 int callDepth = 0;
+
+long stepBudget = 0; // loop passes and proc calls a run may make; 0: no bound
 
 MelValue elementAt(const MelValue& array, size_t index)
 {
@@ -242,6 +246,7 @@ private:
     // variables in the others, which refs point to.
     std::deque<Scope> fScopes;
     int fFrames = 0; // proc calls running in this run
+    long fSteps = 0; // loop passes and proc calls made, against stepBudget
     Flow fFlow = Flow::Normal;
     MelValue fReturned;
     std::shared_ptr<ProcTable> fLocals; // made when the first local or global proc is defined
@@ -279,11 +284,19 @@ private:
 
     bool holds(const Expr& condition) { return truthy(expression(condition)); }
 
+    void step()
+    {
+        if (stepBudget > 0 && ++fSteps > stepBudget)
+            throw MelError("The run went past its budget of " + std::to_string(stepBudget) +
+                           " loop passes and proc calls.");
+    }
+
     void forLoop(const Statement& s)
     {
         for (const auto& start : s.start)
             discard(*start);
         while (!s.condition || holds(*s.condition)) {
+            step();
             statement(*s.then);
             if (loopEnds())
                 break;
@@ -297,6 +310,7 @@ private:
     void whileLoop(const Statement& s)
     {
         while (holds(*s.condition)) {
+            step();
             statement(*s.then);
             if (loopEnds())
                 break;
@@ -306,6 +320,7 @@ private:
     void doWhileLoop(const Statement& s)
     {
         do {
+            step();
             statement(*s.then);
             if (loopEnds())
                 break;
@@ -347,6 +362,7 @@ private:
             fScopes.back()[s.variable] = Variable{type, convert(MelValue::none(), type)};
         }
         for (size_t k = 0; k < arraySize(items); ++k) {
+            step();
             Variable* variable = find(s.variable);
             variable->value = convert(elementAt(items, k), variable->type);
             statement(*s.then);
@@ -429,6 +445,7 @@ private:
     MelValue callProc(const Procedure& proc, std::shared_ptr<ProcTable> locals, const CommandCall& call)
     {
         std::deque<Scope> frame = arguments(proc, call);
+        step();
         if (callDepth >= kMaxCallDepth)
             throw MelError("Procedure calls nest more than " + std::to_string(kMaxCallDepth) + " deep (calling " +
                            proc.name + ").");
@@ -702,6 +719,11 @@ bool runMel(const std::string& text, MelValue* result, bool undo)
     if (result)
         *result = std::move(outcome.value);
     return outcome.ok;
+}
+
+void host::setMelStepBudget(long steps)
+{
+    stepBudget = steps;
 }
 
 void setGlobalVariable(const std::string& name, const MelValue& value)

@@ -164,6 +164,20 @@ TEST_F(MelProcs, RecursionDeeperThanTheLimitFailsCleanly)
     EXPECT_EQ(stringResult("mtDepth(3)"), "3"); // the count came back down
 }
 
+TEST_F(MelProcs, AHostMayBoundLoopPassesAndCallsOfARun)
+{
+    mayasim::host::setMelStepBudget(100);
+    EXPECT_FALSE(mel("while (1) ;"));
+    EXPECT_FALSE(mel("global proc mtTwice(int $n) { mtTwice($n + 1); mtTwice($n + 1); } mtTwice(0)"));
+    EXPECT_THAT(printed(), ElementsAre("// Error: line 1: The run went past its budget of 100 loop passes and proc "
+                                       "calls. //",
+                                       "// Error: line 1: The run went past its budget of 100 loop passes and proc "
+                                       "calls. //"));
+    EXPECT_EQ(stringResult("int $n = 0; for ($i = 0; $i < 100; $i++) $n++; $n"), "100"); // each run counts anew
+    mayasim::host::setMelStepBudget(0);
+    EXPECT_EQ(stringResult("int $n = 0; while ($n < 100000) $n++; $n"), "100000");
+}
+
 TEST_F(MelProcs, ALoopAtTopLevelIsOneUndoStep)
 {
     const std::string before = sceneText();
