@@ -422,13 +422,14 @@ private:
     }
 
     // The proc a call names, local ones first; null when it names a command.
-    const Procedure* findProc(const std::string& name, std::shared_ptr<ProcTable>& locals)
+    // The caller holds it: the call may define the proc anew as it runs.
+    std::shared_ptr<const Procedure> findProc(const std::string& name, std::shared_ptr<ProcTable>& locals)
     {
         if (fLocals) {
             auto found = fLocals->find(name);
             if (found != fLocals->end()) {
                 locals = fLocals;
-                return found->second.get();
+                return found->second;
             }
         }
         if (globalProcs().empty())
@@ -437,7 +438,7 @@ private:
         if (found == globalProcs().end())
             return nullptr;
         locals = found->second.locals;
-        return found->second.procedure.get();
+        return found->second.procedure;
     }
 
     // Runs a proc in scopes of its own: its parameters, then its body. Arrays
@@ -617,7 +618,7 @@ private:
     MelValue command(const CommandCall& call)
     {
         std::shared_ptr<ProcTable> locals;
-        if (const Procedure* proc = findProc(call.name, locals))
+        if (const std::shared_ptr<const Procedure> proc = findProc(call.name, locals))
             return callProc(*proc, std::move(locals), call);
         if (call.name == "size")
             return size(call);

@@ -164,6 +164,16 @@ TEST_F(MelProcs, RecursionDeeperThanTheLimitFailsCleanly)
     EXPECT_EQ(stringResult("mtDepth(3)"), "3"); // the count came back down
 }
 
+TEST_F(MelProcs, AProcDefinedAnewWhileItRunsRunsOnToItsEnd)
+{
+    // The new definition freed the running one.
+    ASSERT_TRUE(mel("global proc string mtAnew() { python(\"import maya.mel; maya.mel.eval('global proc string "
+                    "mtAnew() { return \\\"new\\\"; }')\"); recordArgs after; return \"old\"; }"));
+    EXPECT_EQ(stringResult("mtAnew()"), "old");
+    EXPECT_THAT(record().args, ElementsAre("after"));
+    EXPECT_EQ(stringResult("mtAnew()"), "new");
+}
+
 TEST_F(MelProcs, AHostMayBoundLoopPassesAndCallsOfARun)
 {
     mayasim::host::setMelStepBudget(100);
