@@ -124,7 +124,9 @@ protected:
             chosen = mel("mayasimUi -menu \"" + entry + "\"");
         });
         EXPECT_TRUE(mel("mayasimUi -press -b right \"" + widget + "\""));
-        mel("mayasimUi -release -b right \"" + widget + "\""); // the entry may have deleted what was pressed
+        // The entry may have deleted what was pressed: gone before the release.
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        mel("mayasimUi -release -b right \"" + widget + "\"");
         EXPECT_TRUE(chosen) << entry;
         QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         return entries;

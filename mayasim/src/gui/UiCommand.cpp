@@ -190,6 +190,13 @@ QPoint point(const std::vector<Word>& words, size_t first)
 struct Mouse
 {
     Qt::MouseButtons held;
+    // The modifier keys a gesture's -modifiers pressed, down until the
+    // gesture ends, as a person lets go of them after the click.
+    Qt::KeyboardModifiers keys;
+    // The window of the last press and the point in it, where a release
+    // goes when what it names is gone.
+    QPointer<QWidget> pressedIn;
+    QPoint pressedAt;
     int timestamp = 0;
 };
 
@@ -214,6 +221,11 @@ void sendMouse(QWidget* widget, QPoint at, QEvent::Type type, Qt::MouseButton wh
     else if (type == QEvent::MouseButtonRelease)
         state.held &= ~Qt::MouseButtons(which);
     const QPoint local = widget->mapTo(window, at);
+    if (type == QEvent::MouseButtonPress)
+    {
+        state.pressedIn = window;
+        state.pressedAt = local;
+    }
     // Clicks far apart in time, so two of them never make a double click.
     state.timestamp += type == QEvent::MouseButtonRelease ? 1000 : 10;
     qt_handleMouseEvent(handle, local, window->mapToGlobal(local), state.held,
@@ -269,36 +281,77 @@ void sendKey(bool press, int key, Qt::KeyboardModifiers mods, bool autoRepeat)
     QApplication::processEvents();
 }
 
-// The modifiers first, as a keyboard sends them; released in reverse.
-void keyAction(const std::string& text, bool press, bool release, bool autoRepeat)
+// The modifier key presses and releases that take the held modifiers from
+// one set to another: releases first, in reverse order, then presses.
+void changeModifierKeys(Qt::KeyboardModifiers from, Qt::KeyboardModifiers to)
 {
-    const auto [key, mods] = keyOf(text);
     const std::pair<Qt::KeyboardModifier, int> order[] = {{Qt::ShiftModifier, Qt::Key_Shift},
                                                           {Qt::ControlModifier, Qt::Key_Control},
                                                           {Qt::AltModifier, Qt::Key_Alt},
                                                           {Qt::MetaModifier, Qt::Key_Meta}};
+    Qt::KeyboardModifiers down = from;
+    for (int i = 3; i >= 0; --i)
+        if (down & order[i].first && !(to & order[i].first))
+        {
+            down &= ~Qt::KeyboardModifiers(order[i].first);
+            sendKey(false, order[i].second, down, false);
+        }
+    for (const auto& [modifier, modifierKey] : order)
+        if (to & modifier && !(down & modifier))
+        {
+            sendKey(true, modifierKey, down, false);
+            down |= modifier;
+        }
+}
+
+// The modifiers first, as a keyboard sends them; released in reverse.
+void keyAction(const std::string& text, bool press, bool release, bool autoRepeat)
+{
+    const auto [key, mods] = keyOf(text);
     if (press)
     {
-        Qt::KeyboardModifiers down;
-        for (const auto& [modifier, modifierKey] : order)
-            if (mods & modifier && !autoRepeat)
-            {
-                sendKey(true, modifierKey, down, false);
-                down |= modifier;
-            }
+        if (!autoRepeat)
+            changeModifierKeys({}, mods);
         sendKey(true, key, mods, autoRepeat);
     }
     if (release)
     {
         sendKey(false, key, mods, autoRepeat);
-        Qt::KeyboardModifiers down = mods;
-        for (int i = 3; i >= 0; --i)
-            if (mods & order[i].first && !autoRepeat)
-            {
-                down &= ~Qt::KeyboardModifiers(order[i].first);
-                sendKey(false, order[i].second, down, false);
-            }
+        if (!autoRepeat)
+            changeModifierKeys(mods, {});
     }
+}
+
+// A mouse gesture's modifier keys go down before its events, and up once no
+// button is held any more: Qt keeps the modifiers of the last input event,
+// so keys never released would stay held for whatever comes next.
+void holdGestureKeys(Qt::KeyboardModifiers mods)
+{
+    changeModifierKeys(mouse().keys, mods);
+    mouse().keys = mods;
+}
+
+void endGestureKeys()
+{
+    if (mouse().held)
+        return;
+    changeModifierKeys(mouse().keys, {});
+    mouse().keys = {};
+}
+
+// A person's release always happens: when the widget a release names is
+// gone (the press deleted it), the button is let go where it was pressed,
+// else it would stay held and every later click would be lost.
+void releaseLostPress(Qt::MouseButton which, Qt::KeyboardModifiers mods)
+{
+    Mouse& state = mouse();
+    if (!(state.held & which))
+        return;
+    if (state.pressedIn && state.pressedIn->windowHandle())
+        sendMouse(state.pressedIn, state.pressedAt, QEvent::MouseButtonRelease, which, mods);
+    else
+        state.held &= ~Qt::MouseButtons(which);
+    endGestureKeys();
 }
 
 // --- menus and dialogs --------------------------------------------------------
@@ -635,7 +688,17 @@ MelValue mayasimUi(const Invocation& call)
     if (args.has("key") || args.has("keyPress") || args.has("keyRelease"))
         return MelValue::none();
 
-    QWidget* widget = object(args);
+    QWidget* widget = nullptr;
+    try
+    {
+        widget = object(args);
+    }
+    catch (const MelError&)
+    {
+        if (args.has("release"))
+            releaseLostPress(button(args), modifiers(args));
+        throw;
+    }
     if (args.has("rebuild"))
     {
         if (!rebuildWorkspaceControl(args.positional().at(0).text))
@@ -664,6 +727,9 @@ MelValue mayasimUi(const Invocation& call)
     const Qt::KeyboardModifiers mods = modifiers(args);
     const Qt::MouseButton which = button(args);
     const QPoint at = args.has("at") ? point(args.args("at"), 0) : widget->rect().center();
+    if (!args.has("drag") && !args.has("move") && !args.has("press") && !args.has("release") && !args.has("click"))
+        fail("Nothing to do.");
+    holdGestureKeys(mods);
     if (args.has("drag"))
     {
         const std::vector<Word>& words = args.args("drag");
@@ -685,8 +751,7 @@ MelValue mayasimUi(const Invocation& call)
         sendMouse(widget, at, QEvent::MouseButtonPress, which, mods);
         sendMouse(widget, at, QEvent::MouseButtonRelease, which, mods);
     }
-    else
-        fail("Nothing to do.");
+    endGestureKeys();
     syncWidgets();
     return MelValue::none();
 }

@@ -8,11 +8,13 @@
 #include <QtCore/QTemporaryDir>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QMenu>
+#include <QtWidgets/QPushButton>
 
 #include <gmock/gmock.h>
 
 #include <cstdlib>
 
+using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 
 namespace {
@@ -100,4 +102,57 @@ TEST_F(GuiTest, HotkeysRunTheirNamedCommandsOncePerPress)
     ASSERT_TRUE(named.open(QIODevice::ReadOnly));
     EXPECT_THAT(named.readAll().toStdString(), HasSubstr("\"countRelease\";"));
     ASSERT_TRUE(mel("hotkeySet -e -current Maya_Default"));
+}
+
+// The modifiers of a click are held for the click only, as a person lets go
+// of the keys after it: what runs later reads no modifier.
+TEST_F(GuiTest, ModifiersOfAClickAreLetGoAfterIt)
+{
+    QPushButton button(MQtUtil::mainWindow());
+    button.setGeometry(0, 0, 40, 40);
+    button.show();
+    button.raise();
+    std::vector<Qt::KeyboardModifiers> seen;
+    QObject::connect(&button, &QPushButton::clicked, [&] { seen.push_back(QGuiApplication::keyboardModifiers()); });
+
+    ASSERT_TRUE(mel("mayasimUi -press -at 20 20 -mod ctrl"));
+    EXPECT_EQ(QGuiApplication::keyboardModifiers(), Qt::ControlModifier) << "held while the button is";
+    ASSERT_TRUE(mel("mayasimUi -release -at 20 20 -mod ctrl"));
+    EXPECT_EQ(QGuiApplication::keyboardModifiers(), Qt::NoModifier);
+    ASSERT_TRUE(mel("mayasimUi -click -at 20 20 -mod ctrl+shift"));
+    EXPECT_EQ(QGuiApplication::keyboardModifiers(), Qt::NoModifier);
+    // Shift let go between the press and the release.
+    ASSERT_TRUE(mel("mayasimUi -press -at 20 20 -mod ctrl+shift; mayasimUi -release -at 20 20 -mod ctrl"));
+    EXPECT_EQ(QGuiApplication::keyboardModifiers(), Qt::NoModifier);
+    EXPECT_THAT(seen, ElementsAre(Qt::KeyboardModifiers(Qt::ControlModifier), Qt::ControlModifier | Qt::ShiftModifier,
+                                  Qt::KeyboardModifiers(Qt::ControlModifier)));
+}
+
+// A right press that deletes its widget, as a menu's Delete entry does: the
+// release naming it fails, yet lets go of the button where it was pressed,
+// so that the next clicks still land.
+TEST_F(GuiTest, AReleaseOnAWidgetThePressDeletedLetsGo)
+{
+    auto* doomed = new QPushButton(MQtUtil::mainWindow());
+    doomed->setObjectName("doomed");
+    doomed->setGeometry(0, 0, 40, 40);
+    doomed->show();
+    doomed->raise();
+    doomed->setContextMenuPolicy(Qt::CustomContextMenu);
+    QObject::connect(doomed, &QWidget::customContextMenuRequested, doomed, &QObject::deleteLater);
+    QPushButton other(MQtUtil::mainWindow());
+    other.setGeometry(50, 0, 40, 40);
+    other.show();
+    other.raise();
+    int clicks = 0;
+    QObject::connect(&other, &QPushButton::clicked, [&] { ++clicks; });
+
+    const std::string path = MQtUtil::fullName(doomed).asChar();
+    ASSERT_TRUE(mel("mayasimUi -press -b right -mod shift \"" + path + "\""));
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_FALSE(mel("mayasimUi -release -b right -mod shift \"" + path + "\""));
+    EXPECT_EQ(QGuiApplication::mouseButtons(), Qt::NoButton);
+    EXPECT_EQ(QGuiApplication::keyboardModifiers(), Qt::NoModifier);
+    ASSERT_TRUE(mel("mayasimUi -click -at 70 20"));
+    EXPECT_EQ(clicks, 1);
 }
