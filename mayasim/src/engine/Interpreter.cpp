@@ -70,8 +70,9 @@ std::map<std::string, GlobalProc>& globalProcs()
     return procs;
 }
 
-// Proc calls recurse through the interpreter, across nested runs (eval) too;
-// deeper than this is an error rather than a stack overflow.
+// Proc calls recurse through the interpreter, across nested runs (MEL that
+// Python or a plug-in runs) too; deeper than this is an error rather than a
+// stack overflow.
 constexpr int kMaxCallDepth = 500;
 int callDepth = 0;
 
@@ -300,8 +301,8 @@ private:
             statement(*s.then);
             if (loopEnds())
                 break;
-            for (const auto& step : s.step)
-                discard(*step);
+            for (const auto& next : s.step)
+                discard(*next);
         }
     }
 

@@ -602,8 +602,7 @@ private:
     {
         skipSpace();
         if (peek() == '$') {
-            const size_t pos = fPos;
-            const int line = fLine, column = fColumn;
+            const Mark start = mark();
             ExprPtr target = variable();
             skipSpace();
             std::string op;
@@ -623,9 +622,7 @@ private:
                 assign->operands.push_back(expression());
                 return assign;
             }
-            fPos = pos;
-            fLine = line;
-            fColumn = column;
+            restore(start);
         }
         return binary(0);
     }
