@@ -550,6 +550,10 @@ TEST_F(BlendSliderTest, StoredSlidersComeBackClampedAndUnloadMidDragLetsGo)
         ASSERT_TRUE(mel("unloadPlugin orvane"));
         EXPECT_EQ(KeyBlending::activeData, nullptr);
         EXPECT_EQ(TangentBlending::activeData, nullptr);
+        // The person lets go over the main window, where the handle was:
+        // held, the button would turn later moves into drags.
+        QTest::mouseRelease(MQtUtil::mainWindow(), Qt::LeftButton);
+        EXPECT_EQ(QGuiApplication::mouseButtons(), Qt::NoButton);
         ASSERT_TRUE(mayasim::host::loadLinkedPlugin("orvane", initializePlugin, uninitializePlugin));
         ASSERT_TRUE(mel("orvane"));
         QApplication::processEvents();
