@@ -31,13 +31,16 @@ protected:
         PluginTest::TearDown();
     }
 
-    // The slider as shown, once the host's refresh (every 50 ms) has caught up.
+    // The slider as shown: the idle work of 60 ms done, then the host's
+    // refresh run by a query (its 50 ms timer can fire late on a busy
+    // machine, leaving the slider a range behind).
     QImage image()
     {
         QElapsedTimer clock;
         clock.start();
         while (clock.elapsed() < 60)
             QApplication::processEvents(QEventLoop::AllEvents, 10);
+        EXPECT_TRUE(mel("mayasimUi -q -exists timeControl1"));
         return fSlider->grab().toImage().convertToFormat(QImage::Format_ARGB32);
     }
 
