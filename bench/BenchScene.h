@@ -1,5 +1,7 @@
 #pragma once
 // Scenes and surroundings that several benchmarks share.
+#include "KeyBlending/Data.h"
+
 #include <maya/MFileIO.h>
 #include <maya/MFnAnimCurve.h>
 #include <maya/MFnDependencyNode.h>
@@ -7,6 +9,8 @@
 #include <maya/MPlug.h>
 #include <maya/MSelectionList.h>
 #include <mayasim/Host.h>
+
+#include <benchmark/benchmark.h>
 
 #include <QTemporaryDir>
 
@@ -40,6 +44,25 @@ inline std::vector<MObject> buildScene(int objects, int channelsPerObject, int k
     MGlobal::setActiveSelectionList(selection);
     mayasim::host::setTimeSliderHighlight(1, keysPerCurve);
     return curves;
+}
+
+// Tween Machine steps over the selection as the key slider drives them: the
+// press's -internal run, then the published blend once per mouse move.
+inline void keySliderSteps(benchmark::State& state)
+{
+    MGlobal::executeCommand("OVKeyBlending -internal", false, true);
+    KeyBlending::Data& data = *KeyBlending::activeData;
+    MSelectionList selection;
+    MGlobal::getActiveSelectionList(selection);
+    data.setBlendType(0);
+    data.collect(selection);
+    double x = -1.0;
+    for (auto _ : state) {
+        data.blend(x);
+        x = x > 1.0 ? -1.0 : x + 0.01;
+    }
+    data.finish();
+    KeyBlending::activeData = nullptr;
 }
 
 // The data folder of a throwaway home, so that no user file is read or written.

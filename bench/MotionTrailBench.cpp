@@ -4,7 +4,6 @@
 // trails), a key edit with 0 and 10 trails (the marking), and the key
 // slider's blend step with a trail on beside off.
 #include "BenchScene.h"
-#include "KeyBlending/Data.h"
 #include "MotionTrail/Manager.h"
 
 #include <maya/MAnimCurveChange.h>
@@ -163,19 +162,7 @@ void KeySliderStepWithTrail(benchmark::State& state)
         MGlobal::executeCommand("OVMotionTrail obj0");
         drain();
     }
-    MGlobal::executeCommand("OVKeyBlending -internal", false, true);
-    KeyBlending::Data& data = *KeyBlending::activeData;
-    MSelectionList selection;
-    MGlobal::getActiveSelectionList(selection);
-    data.setBlendType(0);
-    data.collect(selection);
-    double x = -1.0;
-    for (auto _ : state) {
-        data.blend(x);
-        x = x > 1.0 ? -1.0 : x + 0.01;
-    }
-    data.finish();
-    KeyBlending::activeData = nullptr;
+    keySliderSteps(state);
     MGlobal::executeCommand("OVMotionTrail -deleteAll");
     state.SetItemsProcessed(state.iterations() * keys);
 }

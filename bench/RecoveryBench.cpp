@@ -4,7 +4,6 @@
 // recording on beside off. Each runs on a scene saved in a throwaway data
 // folder, as recovery writes only for a scene with a file.
 #include "BenchScene.h"
-#include "KeyBlending/Data.h"
 
 #include <maya/MAnimCurveChange.h>
 #include <maya/MFnAnimCurve.h>
@@ -133,19 +132,7 @@ void KeySliderStepWithRecovery(benchmark::State& state)
 {
     const int keys = static_cast<int>(state.range(0));
     savedRig(keys / 100, 1, 100, state.range(1) != 0);
-    MGlobal::executeCommand("OVKeyBlending -internal", false, true);
-    KeyBlending::Data& data = *KeyBlending::activeData;
-    MSelectionList selection;
-    MGlobal::getActiveSelectionList(selection);
-    data.setBlendType(0);
-    data.collect(selection);
-    double x = -1.0;
-    for (auto _ : state) {
-        data.blend(x);
-        x = x > 1.0 ? -1.0 : x + 0.01;
-    }
-    data.finish();
-    KeyBlending::activeData = nullptr;
+    keySliderSteps(state);
     MGlobal::executeCommand("OVAnimationRecovery -enable false");
     state.SetItemsProcessed(state.iterations() * keys);
 }
