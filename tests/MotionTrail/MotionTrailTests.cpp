@@ -11,7 +11,6 @@
 #include <maya/MFnPlugin.h>
 #include <maya/MGlobal.h>
 #include <maya/MObjectHandle.h>
-#include <maya/MStringArray.h>
 #include <mayasim/Gui.h>
 #include <mayasim/Host.h>
 
@@ -28,16 +27,6 @@ using ::testing::IsEmpty;
 using ::testing::SizeIs;
 
 namespace {
-
-std::vector<std::string> strings(const std::string& command)
-{
-    MStringArray result;
-    EXPECT_TRUE(MGlobal::executeCommand(command.c_str(), result)) << command;
-    std::vector<std::string> texts;
-    for (unsigned int i = 0; i < result.length(); ++i)
-        texts.push_back(result[i].asChar());
-    return texts;
-}
 
 // A drawn primitive read back from the draw list.
 struct Drawn

@@ -26,7 +26,6 @@
 #define MNoVersionString // the plug-in emits the version symbols
 #include <maya/MFnPlugin.h>
 #include <maya/MQtUtil.h>
-#include <maya/MStringArray.h>
 #include <mayasim/Host.h>
 
 #include <gmock/gmock.h>
@@ -56,16 +55,6 @@ namespace {
 const char* const Control = "ORVANE_WORKSPACE_CONTROL";
 
 QString prefsPath() { return File::PluginManager::pluginFilePath(QStringLiteral("prefs.json")); }
-
-std::vector<std::string> strings(const std::string& command)
-{
-    MStringArray result;
-    EXPECT_TRUE(MGlobal::executeCommand(command.c_str(), result)) << command;
-    std::vector<std::string> texts;
-    for (unsigned int i = 0; i < result.length(); ++i)
-        texts.push_back(result[i].asChar());
-    return texts;
-}
 
 std::vector<double> numbers(const std::string& command)
 {

@@ -11,7 +11,6 @@
 #include <maya/MFnPlugin.h>
 #include <maya/MGlobal.h>
 #include <maya/MQtUtil.h>
-#include <maya/MStringArray.h>
 #include <mayasim/Gui.h>
 #include <mayasim/Host.h>
 
@@ -31,16 +30,6 @@ using ::testing::ElementsAre;
 namespace {
 
 const std::string Control = "OVSELECTIONSET_WORKSPACE_CONTROL";
-
-std::vector<std::string> strings(const std::string& command)
-{
-    MStringArray result;
-    EXPECT_TRUE(MGlobal::executeCommand(command.c_str(), result)) << command;
-    std::vector<std::string> texts;
-    for (unsigned int i = 0; i < result.length(); ++i)
-        texts.push_back(result[i].asChar());
-    return texts;
-}
 
 std::string text(const std::string& command)
 {

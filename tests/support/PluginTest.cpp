@@ -9,6 +9,7 @@
 #include <maya/MFnPlugin.h>
 #include <maya/MGlobal.h>
 #include <maya/MSelectionList.h>
+#include <maya/MStringArray.h>
 #include <mayasim/Host.h>
 
 MObject nodeNamed(const std::string& name)
@@ -18,6 +19,16 @@ MObject nodeNamed(const std::string& name)
     MObject node;
     list.getDependNode(0, node);
     return node;
+}
+
+std::vector<std::string> strings(const std::string& command)
+{
+    MStringArray result;
+    EXPECT_TRUE(MGlobal::executeCommand(command.c_str(), result)) << command;
+    std::vector<std::string> texts;
+    for (unsigned int i = 0; i < result.length(); ++i)
+        texts.push_back(result[i].asChar());
+    return texts;
 }
 
 void PluginTest::SetUp()

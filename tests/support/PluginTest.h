@@ -12,6 +12,8 @@
 
 // The node (an animation curve, say) of that name; a null object if none.
 MObject nodeNamed(const std::string& name);
+// The string array a MEL command answers; the command must succeed.
+std::vector<std::string> strings(const std::string& command);
 
 class PluginTest : public ::testing::Test
 {
