@@ -161,9 +161,12 @@ void fire(Channel channel, const std::function<bool(const Callback&)>& matches,
 std::vector<Callback> registered(Channel channel)
 {
     std::vector<Callback> found;
-    for (const auto& [id, callback] : table().callbacks)
-        if (callback.channel == channel && !nodeGone(callback))
+    for (MCallbackId id : idsOf(channel))
+    {
+        const Callback& callback = table().callbacks.find(id)->second;
+        if (!nodeGone(callback))
             found.push_back(callback);
+    }
     return found;
 }
 
