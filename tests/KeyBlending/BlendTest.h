@@ -55,10 +55,12 @@ protected:
     static unsigned int curvesEditedBy(const std::string& command)
     {
         unsigned int edited = 0;
+        MAnimMessage::flushAnimKeyframeEditedCallbacks(); // the set-up's edits are not the command's
         const MCallbackId id = MAnimMessage::addAnimCurveEditedCallback(
             [](MObjectArray& curves, void* count) { *static_cast<unsigned int*>(count) += curves.length(); },
             &edited);
         EXPECT_TRUE(Fixture::mel(command));
+        MAnimMessage::flushAnimKeyframeEditedCallbacks();
         MMessage::removeCallback(id);
         return edited;
     }

@@ -7,6 +7,7 @@
 #include "MotionTrail/Manager.h"
 
 #include <maya/M3dView.h>
+#include <maya/MAnimMessage.h>
 #define MNoVersionString // the plug-in emits the version symbols
 #include <maya/MFnPlugin.h>
 #include <maya/MGlobal.h>
@@ -100,8 +101,11 @@ std::vector<int> filledFrames(const std::string& name, int first, int last)
     return frames;
 }
 
+// Key edits reach the trails at the next idle tick, before anything else
+// it does: the frames dirty as that tick starts.
 std::vector<int> dirtyFrames(const std::string& name, int first, int last)
 {
+    MAnimMessage::flushAnimKeyframeEditedCallbacks();
     std::vector<int> frames;
     const MotionTrail::Trail* trail = trailOf(name);
     for (int f = first; f <= last && trail; ++f)
@@ -113,6 +117,7 @@ std::vector<int> dirtyFrames(const std::string& name, int first, int last)
 // Idle ticks until the trails' work is done; the number of ticks it took.
 int fillAll()
 {
+    MAnimMessage::flushAnimKeyframeEditedCallbacks();
     int ticks = 0;
     while (MotionTrail::Manager::instance().hasPendingWork() && ticks < 100000) {
         mayasim::host::pumpIdle();

@@ -22,7 +22,20 @@ std::vector<IdleCommand>& queue()
     return commands;
 }
 
+void (*idleStartWork)() = nullptr;
+
 } // namespace
+
+void setIdleStartWork(void (*work)())
+{
+    idleStartWork = work;
+}
+
+void runIdleStartWork()
+{
+    if (idleStartWork)
+        idleStartWork();
+}
 
 void queueIdleCommand(const std::string& text, bool display, ScriptLanguage language)
 {

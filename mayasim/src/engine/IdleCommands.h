@@ -12,4 +12,9 @@ void queueIdleCommand(const std::string& text, bool display, ScriptLanguage lang
 // they run wait for the next idle tick. The host's idle pump calls this.
 void runIdleCommands();
 
+// Work done at the start of each idle tick, before the idle callbacks: Maya
+// issues the keyframe-edited messages it queued there.
+void setIdleStartWork(void (*work)());
+void runIdleStartWork();
+
 } // namespace mayasim

@@ -14,6 +14,7 @@ namespace mayasim::host {
 
 void pumpIdle()
 {
+    runIdleStartWork();
     events::fireEvent("idle");
     runIdleCommands();
 }

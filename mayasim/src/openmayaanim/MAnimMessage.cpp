@@ -1,8 +1,10 @@
-// The key-edit messages: deltas built from each curve edit, held until the
-// action ends, then handed to the keyframe-edited and curve-edited callbacks.
+// The key-edit messages: deltas built from each curve edit, queued until the
+// next idle tick or a flush, then handed to the keyframe-edited and
+// curve-edited callbacks.
 #include <maya/MAnimMessage.h>
 
 #include "engine/Callbacks.h"
+#include "engine/IdleCommands.h"
 #include "engine/LevelBuffer.h"
 #include "engine/Undo.h"
 #include "file/SceneFile.h"
@@ -196,14 +198,15 @@ void curveEdited(AnimCurveData& curve, const CurveEdit& edit)
 {
     if (file::reading())
         return; // a scene being read is no edit
-    // An edit delivered at once (an API edit outside MEL, nothing else
-    // pending) keeps only what the callbacks registered now receive. One
-    // that waits for a MEL run to end is kept whole: a callback registered
-    // meanwhile receives it too.
+    // Messages wait for the next idle tick (or a flush), as Maya queues
+    // them. An API edit outside MEL with nothing queued yet keeps only what
+    // the callbacks registered now receive; an edit inside a MEL run, or
+    // after one that is queued, is kept whole: a callback registered before
+    // the delivery receives it too.
     Pending& p = pending();
-    const bool deliveredNow = !p.scheduled && !runInProgress();
-    const bool deltasWanted = !deliveredNow || callbacks::listened(callbacks::Channel::AnimKeyframeEdited);
-    const bool curvesWanted = !deliveredNow || callbacks::listened(callbacks::Channel::AnimCurveEdited);
+    const bool keptWhole = p.scheduled || runInProgress();
+    const bool deltasWanted = keptWhole || callbacks::listened(callbacks::Channel::AnimKeyframeEdited);
+    const bool curvesWanted = keptWhole || callbacks::listened(callbacks::Channel::AnimCurveEdited);
     if (!deltasWanted && !curvesWanted)
         return;
     Known* known = knownOf(curve);
@@ -217,14 +220,16 @@ void curveEdited(AnimCurveData& curve, const CurveEdit& edit)
         known->listedIn = p.delivery;
         p.curves.push_back(node);
     }
-    if (!p.scheduled)
-    {
-        p.scheduled = true;
-        afterRun(deliverKeyEdits);
-    }
+    p.scheduled = true;
 }
 
-[[maybe_unused]] const bool observing = (setEditObserver(curveEdited), true);
+void deliverIfQueued()
+{
+    if (pending().scheduled)
+        deliverKeyEdits();
+}
+
+[[maybe_unused]] const bool observing = (setEditObserver(curveEdited), setIdleStartWork(deliverIfQueued), true);
 
 // The arrays of one delivery, kept from delivery to delivery.
 struct Delivery

@@ -1,7 +1,9 @@
 // Key-edit messages: keyframe deltas for keys added, replaced, removed,
-// moved and re-tangented, delivered once the MEL run that made them ends
-// (or at once for API edits outside MEL), and curve-edited messages.
+// moved and re-tangented, queued until the next idle tick or a flush, as
+// Maya documents, and curve-edited messages.
 #include "SceneTest.h"
+
+#include <mayasim/Host.h>
 
 #include <maya/MAnimMessage.h>
 #include <maya/MAnimCurveChange.h>
@@ -43,6 +45,7 @@ public:
         MMessage::removeCallbacks(ids);
         ids.clear();
     }
+    static void idle() { mayasim::host::pumpIdle(); }
 
 protected:
     void SetUp() override
@@ -115,9 +118,12 @@ private:
 
 } // namespace
 
-TEST_F(KeyEvents, ARunsKeyEditsArriveTogetherAfterTheRun)
+TEST_F(KeyEvents, EditsWaitForTheNextIdleAndArriveTogether)
 {
-    ASSERT_TRUE(mel("setKeyframe -t 1 -v 0 -at tx box; setKeyframe -t 11 -v 10 -at tx -at ty box"));
+    ASSERT_TRUE(mel("setKeyframe -t 1 -v 0 -at tx box"));
+    ASSERT_TRUE(mel("setKeyframe -t 11 -v 10 -at tx -at ty box"));
+    EXPECT_TRUE(deliveries.empty());
+    idle();
     ASSERT_EQ(deliveries.size(), 1u);
     const std::vector<Delta>& d = deliveries[0];
     ASSERT_EQ(d.size(), 3u);
@@ -130,8 +136,11 @@ TEST_F(KeyEvents, ARunsKeyEditsArriveTogetherAfterTheRun)
     EXPECT_EQ(d[1].value, 10.0);
     EXPECT_EQ(d[2].curve, "box_translateY");
     EXPECT_EQ(editedCurves, (std::vector<std::vector<std::string>>{{"box_translateX", "box_translateY"}}));
+    idle();
+    EXPECT_EQ(deliveries.size(), 1u); // nothing queued, nothing delivered
     // A key beyond the last turns the last key's auto tangents from flat.
     ASSERT_TRUE(mel("setKeyframe -t 21 -v 20 -at tx box"));
+    MAnimMessage::flushAnimKeyframeEditedCallbacks();
     ASSERT_EQ(tangentDeltas.size(), 2u);
     MFnKeyframeDeltaTangent tangent(tangentDeltas[0]);
     EXPECT_EQ(tangent.keyIndex(), 1u);
@@ -147,8 +156,10 @@ TEST_F(KeyEvents, ARunsKeyEditsArriveTogetherAfterTheRun)
 TEST_F(KeyEvents, SetKeyframeOverAKeyReportsTheKeyItReplaced)
 {
     ASSERT_TRUE(mel("setKeyframe -t 5 -v 2 -at tx box"));
+    idle();
     deliveries.clear();
     ASSERT_TRUE(mel("setKeyframe -t 5 -v 6 -at tx box; setKeyframe -t 5 -v 6 -at tx box"));
+    idle();
     ASSERT_EQ(deliveries.size(), 1u);
     ASSERT_EQ(deliveries[0].size(), 2u);
     for (const Delta& d : deliveries[0])
@@ -161,46 +172,54 @@ TEST_F(KeyEvents, SetKeyframeOverAKeyReportsTheKeyItReplaced)
     EXPECT_EQ(deliveries[0][1].previous, 6.0);
 }
 
-TEST_F(KeyEvents, ApiEditsOutsideMelArriveAtOnceAndUndoIsReportedToo)
+TEST_F(KeyEvents, ApiEditsOutsideMelAreQueuedTooAndUndoIsReported)
 {
     ASSERT_TRUE(mel("setKeyframe -t 1 -v 0 -at tx box; setKeyframe -t 11 -v 10 -at tx box"));
+    idle();
     deliveries.clear();
     MFnAnimCurve curve(nodeNamed("box_translateX"));
     MAnimCurveChange change;
     ASSERT_TRUE(curve.setValue(1, 4.0, &change));
+    ASSERT_TRUE(curve.remove(0, &change));
+    EXPECT_TRUE(deliveries.empty());
+    MAnimMessage::flushAnimKeyframeEditedCallbacks();
     ASSERT_EQ(deliveries.size(), 1u);
-    ASSERT_EQ(deliveries[0].size(), 1u);
+    ASSERT_EQ(deliveries[0].size(), 2u);
     EXPECT_EQ(deliveries[0][0].type, MFn::kKeyframeDeltaMove);
     EXPECT_EQ(deliveries[0][0].previous, 10.0);
     EXPECT_EQ(deliveries[0][0].value, 4.0);
-    ASSERT_TRUE(curve.remove(0, &change));
-    ASSERT_EQ(deliveries.size(), 2u);
-    EXPECT_EQ(deliveries[1][0].deltaType, MFnKeyframeDeltaAddRemove::kRemoved);
-    EXPECT_EQ(deliveries[1][0].value, 0.0);
-    EXPECT_EQ(deliveries[1][0].time, 1.0);
+    EXPECT_EQ(deliveries[0][1].deltaType, MFnKeyframeDeltaAddRemove::kRemoved);
+    EXPECT_EQ(deliveries[0][1].value, 0.0);
+    EXPECT_EQ(deliveries[0][1].time, 1.0);
     ASSERT_TRUE(change.undoIt());
-    ASSERT_EQ(deliveries.size(), 4u); // each edit taken back, last first
-    EXPECT_EQ(deliveries[2][0].deltaType, MFnKeyframeDeltaAddRemove::kAdded);
-    EXPECT_EQ(deliveries[3][0].previous, 4.0);
-    EXPECT_EQ(deliveries[3][0].value, 10.0);
+    idle();
+    ASSERT_EQ(deliveries.size(), 2u);
+    ASSERT_EQ(deliveries[1].size(), 2u); // each edit taken back, last first
+    EXPECT_EQ(deliveries[1][0].deltaType, MFnKeyframeDeltaAddRemove::kAdded);
+    EXPECT_EQ(deliveries[1][1].previous, 4.0);
+    EXPECT_EQ(deliveries[1][1].value, 10.0);
     curve.addKey(frame(11), -1.0);
-    ASSERT_EQ(deliveries.size(), 5u);
-    EXPECT_EQ(deliveries[4][0].deltaType, MFnKeyframeDeltaAddRemove::kReplaced);
-    EXPECT_EQ(deliveries[4][0].previous, 10.0);
-    EXPECT_EQ(deliveries[4][0].value, -1.0);
+    idle();
+    ASSERT_EQ(deliveries.size(), 3u);
+    EXPECT_EQ(deliveries[2][0].deltaType, MFnKeyframeDeltaAddRemove::kReplaced);
+    EXPECT_EQ(deliveries[2][0].previous, 10.0);
+    EXPECT_EQ(deliveries[2][0].value, -1.0);
 }
 
 TEST_F(KeyEvents, UndoOfACommandReportsTheKeysItTakesBack)
 {
     ASSERT_TRUE(mel("setKeyframe -t 3 -v 1 -at tx box"));
     ASSERT_TRUE(mel("setKeyframe -t 8 -v 2 -at tx box"));
+    idle();
     deliveries.clear();
     ASSERT_TRUE(mel("undo"));
+    idle();
     ASSERT_EQ(deliveries.size(), 1u);
     ASSERT_EQ(deliveries[0].size(), 1u);
     EXPECT_EQ(deliveries[0][0].deltaType, MFnKeyframeDeltaAddRemove::kRemoved);
     EXPECT_EQ(deliveries[0][0].time, 8.0);
     ASSERT_TRUE(mel("keyframe -e -r -tc 4 box_translateX"));
+    idle();
     ASSERT_EQ(deliveries.size(), 2u);
     EXPECT_EQ(deliveries[1][0].type, MFn::kKeyframeDeltaMove);
     EXPECT_EQ(deliveries[1][0].time, 7.0);
@@ -214,7 +233,10 @@ TEST_F(KeyEvents, CommandsACallbackRunsAreAnUndoStepOfTheirOwn)
         MGlobal::executeCommand("setKeyframe -t 1 -v 5 -at ty box", false, true);
     };
     ASSERT_TRUE(mel("setKeyframe -t 1 -v 3 -at tx box"));
-    EXPECT_EQ(deliveries.size(), 2u); // the spread's own edit is reported too
+    idle();
+    EXPECT_EQ(deliveries.size(), 1u);
+    idle();
+    EXPECT_EQ(deliveries.size(), 2u); // the spread's own edit, at the next idle
     EXPECT_EQ(melStrings("ls -type animCurve"), (std::vector<std::string>{"box_translateX", "box_translateY"}));
     ASSERT_TRUE(mel("undo"));
     EXPECT_EQ(melStrings("ls -type animCurve"), std::vector<std::string>{"box_translateX"});
@@ -225,9 +247,11 @@ TEST_F(KeyEvents, CommandsACallbackRunsAreAnUndoStepOfTheirOwn)
 TEST_F(KeyEvents, InfinityChangesAreDeltasToo)
 {
     ASSERT_TRUE(mel("setKeyframe -t 1 -v 3 -at tx box"));
+    idle();
     tangentDeltas.clear();
     MFnAnimCurve curve(nodeNamed("box_translateX"));
     ASSERT_TRUE(curve.setPostInfinityType(MFnAnimCurve::kCycleRelative));
+    idle();
     ASSERT_EQ(tangentDeltas.size(), 1u);
     MFnKeyframeDeltaInfType infinity(tangentDeltas[0]);
     EXPECT_FALSE(infinity.isPreInfinity());
@@ -240,9 +264,9 @@ TEST_F(KeyEvents, InfinityChangesAreDeltasToo)
     EXPECT_FALSE(status);
 }
 
-// Edits wait for the run's end whoever listens when they are made: a
-// callback registered later in the run receives them. An API edit outside
-// MEL is delivered at once, to those listening then.
+// Edits of a MEL run are queued whoever listens when they are made: a
+// callback registered before the idle receives them. An API edit outside
+// MEL, with nothing queued, is kept only if someone listens then.
 TEST_F(KeyEvents, ACallbackRegisteredDuringARunReceivesTheRunsEarlierEdits)
 {
     stopListening();
@@ -250,6 +274,7 @@ TEST_F(KeyEvents, ACallbackRegisteredDuringARunReceivesTheRunsEarlierEdits)
         "SelectionChanged", [](void* data) { static_cast<KeyEvents*>(data)->listen(); }, this);
     ASSERT_TRUE(mel("setKeyframe -t 1 -v 2 -at tx box; select box"));
     MMessage::removeCallback(selection);
+    idle();
     ASSERT_EQ(deliveries.size(), 1u);
     ASSERT_EQ(deliveries[0].size(), 1u);
     EXPECT_EQ(deliveries[0][0].curve, "box_translateX");
@@ -261,6 +286,7 @@ TEST_F(KeyEvents, ACallbackRegisteredDuringARunReceivesTheRunsEarlierEdits)
     ASSERT_TRUE(curve.setValue(0, 5.0));
     listen();
     ASSERT_TRUE(curve.setValue(0, 6.0));
+    idle();
     ASSERT_EQ(deliveries.size(), 2u);
     ASSERT_EQ(deliveries[1].size(), 1u);
     EXPECT_EQ(deliveries[1][0].previous, 5.0);
