@@ -175,6 +175,11 @@ bool listened(Channel channel)
     return !idsOf(channel).empty();
 }
 
+std::size_t listeners(Channel channel)
+{
+    return idsOf(channel).size();
+}
+
 std::vector<MCallbackId> removeIf(const std::function<bool(const Callback&)>& matches)
 {
     std::vector<MCallbackId> removed;

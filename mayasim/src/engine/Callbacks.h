@@ -95,6 +95,8 @@ std::vector<Callback> registered(Channel channel);
 // Whether any callback is registered on the channel (one whose node is gone
 // may count): a message can skip preparing what nobody would receive.
 bool listened(Channel channel);
+// How many callbacks the channel has.
+std::size_t listeners(Channel channel);
 // Removes every callback `matches` picks (whatever its channel) and returns
 // their ids, in registration order.
 std::vector<MCallbackId> removeIf(const std::function<bool(const Callback&)>& matches);

@@ -124,10 +124,19 @@ const CurveKind* curveKind(const Node& node)
 
 std::shared_ptr<AnimCurveData> curveData(Node& node)
 {
-    // An entry whose node lives is this node's: no two live nodes share an address.
+    // An entry whose node lives is this node's: no two live nodes share an
+    // address. The previous call's entry is looked at first, as reads and
+    // edits come curve by curve; entries stay in place until the sweep below.
+    static std::pair<const Node*, const Held*> last{nullptr, nullptr};
+    if (last.first == &node && !last.second->node.expired())
+        return last.second->data;
     auto found = curves().find(&node);
     if (found != curves().end() && !found->second.node.expired())
+    {
+        last = {&node, &found->second};
         return found->second.data;
+    }
+    last = {nullptr, nullptr};
     for (auto it = curves().begin(); it != curves().end();)
         it = it->second.node.expired() ? curves().erase(it) : std::next(it);
     auto data = std::make_shared<AnimCurveData>(curveKind(node)->timeInput);

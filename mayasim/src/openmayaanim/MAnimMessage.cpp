@@ -6,7 +6,6 @@
 #include "engine/Callbacks.h"
 #include "engine/IdleCommands.h"
 #include "engine/LevelBuffer.h"
-#include "engine/Undo.h"
 #include "file/SceneFile.h"
 #include "openmayaanim/AnimCurveNodes.h"
 #include "openmayaanim/KeyEvents.h"
@@ -199,14 +198,11 @@ void curveEdited(AnimCurveData& curve, const CurveEdit& edit)
     if (file::reading())
         return; // a scene being read is no edit
     // Messages wait for the next idle tick (or a flush), as Maya queues
-    // them. An API edit outside MEL with nothing queued yet keeps only what
-    // the callbacks registered now receive; an edit inside a MEL run, or
-    // after one that is queued, is kept whole: a callback registered before
-    // the delivery receives it too.
+    // them. An edit is kept for the callbacks registered when it is made:
+    // one nobody listens to costs nothing.
     Pending& p = pending();
-    const bool keptWhole = p.scheduled || runInProgress();
-    const bool deltasWanted = keptWhole || callbacks::listened(callbacks::Channel::AnimKeyframeEdited);
-    const bool curvesWanted = keptWhole || callbacks::listened(callbacks::Channel::AnimCurveEdited);
+    const bool deltasWanted = callbacks::listened(callbacks::Channel::AnimKeyframeEdited);
+    const bool curvesWanted = callbacks::listened(callbacks::Channel::AnimCurveEdited);
     if (!deltasWanted && !curvesWanted)
         return;
     Known* known = knownOf(curve);
@@ -246,13 +242,19 @@ struct Delivery
     }
 };
 
-void fireWith(callbacks::Channel channel, const MObjectArray& objects, MObjectArray& handed)
+void fireWith(callbacks::Channel channel, MObjectArray& objects, MObjectArray& handed)
 {
+    // Each callback gets its own copy, which it may change; the last one
+    // called gets the delivery's array itself, which nobody reads after it.
+    const std::size_t listeners = callbacks::listeners(channel);
+    std::size_t called = 0;
     callbacks::fire(channel, [](const callbacks::Callback&) { return true; },
-                    [&objects, &handed](const callbacks::Callback& c) {
-                        // Each callback gets its own copy, which it may change.
+                    [&](const callbacks::Callback& c) {
+                        const auto function = c.as<MMessage::MObjArray>();
+                        if (++called == listeners)
+                            return function(objects, c.clientData);
                         handed = objects;
-                        c.as<MMessage::MObjArray>()(handed, c.clientData);
+                        function(handed, c.clientData);
                     });
 }
 

@@ -264,20 +264,19 @@ TEST_F(KeyEvents, InfinityChangesAreDeltasToo)
     EXPECT_FALSE(status);
 }
 
-// Edits of a MEL run are queued whoever listens when they are made: a
-// callback registered before the idle receives them. An API edit outside
-// MEL, with nothing queued, is kept only if someone listens then.
-TEST_F(KeyEvents, ACallbackRegisteredDuringARunReceivesTheRunsEarlierEdits)
+// An edit is kept for the callbacks registered when it is made: one
+// registered later, even before the delivery, doesn't receive it.
+TEST_F(KeyEvents, AnEditReachesTheCallbacksRegisteredWhenItIsMade)
 {
     stopListening();
     const MCallbackId selection = MEventMessage::addEventCallback(
         "SelectionChanged", [](void* data) { static_cast<KeyEvents*>(data)->listen(); }, this);
-    ASSERT_TRUE(mel("setKeyframe -t 1 -v 2 -at tx box; select box"));
+    ASSERT_TRUE(mel("setKeyframe -t 1 -v 2 -at tx box; select box; setKeyframe -t 5 -v 3 -at tx box"));
     MMessage::removeCallback(selection);
     idle();
     ASSERT_EQ(deliveries.size(), 1u);
     ASSERT_EQ(deliveries[0].size(), 1u);
-    EXPECT_EQ(deliveries[0][0].curve, "box_translateX");
+    EXPECT_EQ(deliveries[0][0].time, 5.0);
     EXPECT_EQ(deliveries[0][0].deltaType, MFnKeyframeDeltaAddRemove::kAdded);
     EXPECT_EQ(editedCurves, (std::vector<std::vector<std::string>>{{"box_translateX"}}));
 
