@@ -7,6 +7,7 @@
 #include <maya/MFnAnimCurve.h>
 #include <maya/MFnDependencyNode.h>
 #include <maya/MGlobal.h>
+#include <maya/MObjectArray.h>
 #include <maya/MPlug.h>
 #include <maya/MSelectionList.h>
 #include <mayasim/Host.h>
@@ -68,6 +69,25 @@ inline void keySliderSteps(benchmark::State& state)
     data.finish();
     KeyBlending::activeData = nullptr;
 }
+
+// A key-edit callback that only counts the objects it receives: with it on,
+// a step costs what the messages themselves cost, whoever listens, and the
+// difference to a tool's own callback is that tool's work.
+class CountingListener
+{
+public:
+    using Add = MCallbackId (*)(MMessage::MObjArray, void*, MStatus*);
+    explicit CountingListener(Add add) : fId(add(counted, &fCount, nullptr)) {}
+    ~CountingListener() { MMessage::removeCallback(fId); }
+    CountingListener(const CountingListener&) = delete;
+    CountingListener& operator=(const CountingListener&) = delete;
+    double count() const { return fCount; }
+
+private:
+    static void counted(MObjectArray& objects, void* count) { *static_cast<double*>(count) += objects.length(); }
+    double fCount = 0.0;
+    MCallbackId fId;
+};
 
 // The data folder of a throwaway home, so that no user file is read or written.
 class ThrowawayHome

@@ -14,6 +14,7 @@
 #include <benchmark/benchmark.h>
 
 #include <cmath>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -149,8 +150,8 @@ BENCHMARK(MotionTrailKeyEdit)
     ->Unit(benchmark::kMicrosecond);
 
 // The key slider's drag as the panel runs it, Tween Machine over 1,000 and
-// 10,000 keys (100 keys a curve), without (0) and with (1) a trail on the
-// first object.
+// 10,000 keys (100 keys a curve): without (0) and with (1) a trail on the
+// first object, and with a keyframe-edited callback that only counts (2).
 void KeySliderStepWithTrail(benchmark::State& state)
 {
     loadPlugin();
@@ -158,19 +159,26 @@ void KeySliderStepWithTrail(benchmark::State& state)
     const int keys = static_cast<int>(state.range(0));
     buildScene(keys / 100, 1, 100);
     MGlobal::executeCommand("playbackOptions -min 1 -max 100; currentTime 50");
-    if (state.range(1) != 0) {
+    if (state.range(1) == 1) {
         MGlobal::executeCommand("OVMotionTrail obj0");
         drain();
     }
+    std::optional<CountingListener> listener;
+    if (state.range(1) == 2)
+        listener.emplace(static_cast<CountingListener::Add>(MAnimMessage::addAnimKeyframeEditedCallback));
     keySliderSteps(state);
     MGlobal::executeCommand("OVMotionTrail -deleteAll");
     state.SetItemsProcessed(state.iterations() * keys);
+    if (listener)
+        state.counters["deltasPerKey"] = listener->count() / (static_cast<double>(state.iterations()) * keys);
 }
 BENCHMARK(KeySliderStepWithTrail)
     ->Args({1000, 0})
     ->Args({1000, 1})
+    ->Args({1000, 2})
     ->Args({10000, 0})
     ->Args({10000, 1})
+    ->Args({10000, 2})
     ->Unit(benchmark::kMicrosecond);
 
 } // namespace

@@ -17,6 +17,7 @@
 #include <algorithm>
 #include <chrono>
 #include <ctime>
+#include <optional>
 #include <vector>
 
 namespace {
@@ -127,11 +128,15 @@ BENCHMARK(RecoveryKeyEdit)->Arg(0)->Arg(1)->Unit(benchmark::kMicrosecond);
 
 // The key slider's drag as the panel runs it: OVKeyBlending -internal, then
 // Tween Machine steps through the published blend, over 1,000 and 10,000
-// keys (100 keys a curve), recording off (0) and on (1).
+// keys (100 keys a curve): recording off (0) and on (1), and off with a
+// curve-edited callback that only counts (2).
 void KeySliderStepWithRecovery(benchmark::State& state)
 {
     const int keys = static_cast<int>(state.range(0));
-    savedRig(keys / 100, 1, 100, state.range(1) != 0);
+    savedRig(keys / 100, 1, 100, state.range(1) == 1);
+    std::optional<CountingListener> listener;
+    if (state.range(1) == 2)
+        listener.emplace(static_cast<CountingListener::Add>(MAnimMessage::addAnimCurveEditedCallback));
     keySliderSteps(state);
     MGlobal::executeCommand("OVAnimationRecovery -enable false");
     state.SetItemsProcessed(state.iterations() * keys);
@@ -139,8 +144,10 @@ void KeySliderStepWithRecovery(benchmark::State& state)
 BENCHMARK(KeySliderStepWithRecovery)
     ->Args({1000, 0})
     ->Args({1000, 1})
+    ->Args({1000, 2})
     ->Args({10000, 0})
     ->Args({10000, 1})
+    ->Args({10000, 2})
     ->Unit(benchmark::kMicrosecond);
 
 } // namespace

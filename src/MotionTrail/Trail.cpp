@@ -12,6 +12,7 @@
 #include <maya/MFnKeyframeDelta.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace MotionTrail {
@@ -77,25 +78,46 @@ void Cache::markEditedFrames(const MObjectArray& editedKeys)
 {
     const double start = fRangeStart.value(), end = fRangeEnd.value();
     // Deltas come curve by curve: the curve is looked at once for each run
-    // of its deltas, and again only when a key came or went.
+    // of its deltas, and again only when a key came or went. A key's own
+    // deltas (its move, then its tangents) follow each other and mark the
+    // same frames: only the first of them is looked at. Neighbouring keys
+    // share the times they read: each time is read once while the keys stay.
     const MFnAnimCurve& curve = fEditedCurveFn;
+    unsigned int lastKey = ~0u;
+    std::array<std::pair<unsigned int, double>, 4> timesRead;
+    size_t timesKnown = 0, nextSlot = 0;
+    const auto timeOfKey = [&](unsigned int index) {
+        for (size_t j = 0; j < timesKnown; ++j)
+            if (timesRead[j].first == index)
+                return timesRead[j].second;
+        const double time = curve.time(index).value();
+        timesRead[nextSlot] = {index, time};
+        nextSlot = (nextSlot + 1) % timesRead.size();
+        timesKnown = std::min(timesKnown + 1, timesRead.size());
+        return time;
+    };
     for (unsigned int i = 0; i < editedKeys.length(); ++i) {
         MFnKeyframeDelta delta(editedKeys[i]);
         const MObject edited = delta.paramCurve();
-        if (edited != fEditedCurve) {
-            fEditedCurve = edited;
-            fEditedCurveFn.setObject(fEditedCurve);
-            fEditedCurveKeys = curve.numKeys();
-        } else if (editedKeys[i].hasFn(MFn::kKeyframeDeltaAddRemove)) {
-            fEditedCurveKeys = curve.numKeys();
-        }
-        const unsigned int count = fEditedCurveKeys;
         const unsigned int k = delta.keyIndex();
+        const bool keysChanged = editedKeys[i].hasFn(MFn::kKeyframeDeltaAddRemove);
+        if (edited != fEditedCurve || keysChanged) {
+            if (edited != fEditedCurve) {
+                fEditedCurve = edited;
+                fEditedCurveFn.setObject(fEditedCurve);
+            }
+            fEditedCurveKeys = curve.numKeys();
+            timesKnown = 0;
+        } else if (k == lastKey) {
+            continue;
+        }
+        lastKey = k;
+        const unsigned int count = fEditedCurveKeys;
         if (count == 0)
             continue;
         const unsigned int a = k == 0 ? 0 : std::min(k, count) - 1;
         const unsigned int b = k + 1 < count ? k + 1 : std::min(k, count - 1);
-        const double from = curve.time(a).value(), to = curve.time(b).value();
+        const double from = timeOfKey(a), to = timeOfKey(b);
         // Whole steps from the earlier key, from the first one in the range
         // on: a span far wider than the range costs no more than the range.
         const double skipped = start > from ? std::ceil(start - from) : 0.0;
