@@ -137,6 +137,7 @@ void MotionTrailKeyEdit(benchmark::State& state)
     for (auto _ : state) {
         MFnAnimCurve fn(curves[next]);
         fn.setValue(5, x, &change);
+        MAnimMessage::flushAnimKeyframeEditedCallbacks(); // as the idle tick after the edit
         next = next + 1 < curves.size() ? next + 1 : first;
         x += 0.01;
     }

@@ -119,6 +119,7 @@ void RecoveryKeyEdit(benchmark::State& state)
     for (auto _ : state) {
         MFnAnimCurve fn(curves[next]);
         fn.setValue(3, x, &change);
+        MAnimMessage::flushAnimKeyframeEditedCallbacks(); // as the idle tick after the edit
         next = (next + 1) % curves.size();
         x += 0.01;
     }
