@@ -1,5 +1,6 @@
 #include "Ui/UpdateCheck.h"
 
+#include "Utils/File/IO.h"
 #include "Utils/File/PluginManager.h"
 #include "Utils/Tasks.h"
 #include "Utils/Version.h"
@@ -9,7 +10,6 @@
 #include <QDesktopServices>
 #include <QEventLoop>
 #include <QFileInfo>
-#include <QJsonDocument>
 #include <QJsonObject>
 #include <QMessageBox>
 #include <QNetworkAccessManager>
@@ -91,7 +91,7 @@ void checkForUpdate()
         renewed.close();
     if (body.isEmpty())
         return;
-    const QJsonObject latest = QJsonDocument::fromJson(body).object();
+    const QJsonObject latest = File::IO::decodeValue(body, File::Format::Json).toObject();
     const QString version = latest.value(QStringLiteral("version")).toString();
     const QString url = latest.value(QStringLiteral("download_url")).toString();
     if (version.isEmpty())

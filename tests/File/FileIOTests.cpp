@@ -78,6 +78,16 @@ TEST_F(FileIO, JsonIsIndentedTextOfAnObjectOrArrayOnly)
     EXPECT_TRUE(IO::decodeValue("{\"a\": ", Format::Json).isNull());
     EXPECT_TRUE(IO::decodeValue("42", Format::Json).isNull());
     EXPECT_TRUE(IO::decodeValue("", Format::Json).isNull());
+
+    // A key named twice in one object, however it is spelt, makes the text
+    // ambiguous: it reads as damaged. Across objects, or as a value, a name
+    // may come back.
+    for (const char* repeated : {R"({"a": [1], "b": 2, "a": 3})", R"([{"x": {"a": {}, "\u0061": 1}}])",
+                                 R"({"a": {"b": [{"c": 1, "c": [2]}]}})"})
+        EXPECT_TRUE(IO::decodeValue(repeated, Format::Json).isNull()) << repeated;
+    EXPECT_EQ(IO::decodeValue(R"({"a": {"a": "a", "b": ["a", {"a": 1}]}, "b\"": {"a\\": 2}})", Format::Json),
+              QJsonValue(QJsonObject{{"a", QJsonObject{{"a", "a"}, {"b", QJsonArray{"a", QJsonObject{{"a", 1}}}}}},
+                                     {"b\"", QJsonObject{{"a\\", 2}}}}));
 }
 
 TEST_F(FileIO, TextReadsAllBytesAsUtf8AndIsNeverWritten)

@@ -6,8 +6,10 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QSaveFile>
+#include <QSet>
 
 #include <optional>
+#include <vector>
 
 namespace File {
 
@@ -30,6 +32,53 @@ std::optional<QByteArray> encodeValue(const QJsonValue& value, Format format)
     return std::nullopt;
 }
 
+// Whether an object of the JSON text names one key twice. Qt 5.15's parser
+// keeps the last value of a repeated key and leaks the objects and arrays it
+// drops; and a hand-edited file that says two things of one key is
+// ambiguous anyway. Text that is not JSON is left for the parser to refuse:
+// up to its first fault the scan sees the keys the parser sees.
+bool hasRepeatedKey(const QByteArray& text)
+{
+    struct Level
+    {
+        bool object;
+        bool keyNext;
+        QSet<QString> keys;
+    };
+    std::vector<Level> levels;
+    for (int i = 0; i < text.size(); ++i) {
+        const char c = text[i];
+        if (c == '"') {
+            const int start = i;
+            for (++i; i < text.size() && text[i] != '"'; ++i)
+                if (text[i] == '\\')
+                    ++i;
+            if (i >= text.size())
+                return false;
+            if (levels.empty() || !levels.back().keyNext)
+                continue;
+            levels.back().keyNext = false;
+            // The parser's own reading of the name, escapes and all: an
+            // array of one string repeats no key. A name it refuses reads
+            // empty, and the parser refuses the text.
+            const QJsonArray name = QJsonDocument::fromJson('[' + text.mid(start, i + 1 - start) + ']').array();
+            const QString key = name.isEmpty() ? QString() : name.at(0).toString();
+            if (levels.back().keys.contains(key))
+                return true;
+            levels.back().keys.insert(key);
+        } else if (c == '{' || c == '[') {
+            levels.push_back({c == '{', c == '{', {}});
+        } else if (c == '}' || c == ']') {
+            if (levels.empty())
+                return false;
+            levels.pop_back();
+        } else if (c == ',' && !levels.empty()) {
+            levels.back().keyNext = levels.back().object;
+        }
+    }
+    return false;
+}
+
 } // namespace
 
 QJsonValue IO::readValue(const QString& path, Format format)
@@ -46,6 +95,8 @@ QJsonValue IO::decodeValue(const QByteArray& bytes, Format format)
 {
     switch (format) {
     case Format::Json: {
+        if (hasRepeatedKey(bytes))
+            return QJsonValue();
         QJsonParseError error;
         const QJsonDocument document = QJsonDocument::fromJson(bytes, &error);
         if (error.error != QJsonParseError::NoError)
